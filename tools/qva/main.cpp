@@ -1,0 +1,91 @@
+// qva: command-line front end of the library.
+//
+//   qva base64 encode|decode IN OUT
+//   qva pem encode|decode TYPE IN OUT     (TYPE: a number 1-9 or a label word)
+//   qva hex IN                            (upper-case hex dump, 16 bytes a line)
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "base/ByteString.h"
+#include "base/QSBase.h"
+
+namespace {
+
+int Usage() {
+  std::fputs(
+      "usage: qva base64 encode|decode IN OUT\n"
+      "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
+      "       qva hex IN\n",
+      stderr);
+  return 2;
+}
+
+bool ReadAll(const char* path, ByteString* out) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return false;
+  std::ostringstream ss;
+  ss << in.rdbuf();
+  const std::string s = ss.str();
+  return out->setData(s.data(), static_cast<int>(s.size())) == BS_OK;
+}
+
+bool WriteAll(const char* path, const ByteString& data) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(data.c_str(), data.length());
+  return static_cast<bool>(out);
+}
+
+int PemType(const char* word) {
+  static const struct {
+    const char* name;
+    int type;
+  } kNames[] = {{"cert", PEM_CERTIFICATE},   {"wtls", PEM_WTLS_CERTIFICATE}, {"rsakey", PEM_RSA_PRIVATE_KEY},
+                {"key", PEM_PRIVATE_KEY},     {"enckey", PEM_ENCRYPTED_PRIVATE_KEY},
+                {"crl", PEM_X509_CRL},        {"pkcs7", PEM_PKCS7},           {"req", PEM_CERTIFICATE_REQUEST}};
+  for (const auto& n : kNames)
+    if (std::strcmp(word, n.name) == 0) return n.type;
+  return std::atoi(word);
+}
+
+int Fail(const char* what, int code) {
+  std::fprintf(stderr, "qva: %s failed (%d)\n", what, code);
+  return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 3) return Usage();
+  const std::string cmd = argv[1];
+  ByteString in, out;
+
+  if (cmd == "hex") {
+    if (!ReadAll(argv[2], &in)) return Fail("read", 0);
+    const ByteString dump = in.toHexString(2, 32);
+    std::fwrite(dump.c_str(), 1, static_cast<std::size_t>(dump.length()), stdout);
+    std::fputs("\r\n", stdout);
+    return 0;
+  }
+  if (cmd == "base64" && argc == 5) {
+    if (!ReadAll(argv[3], &in)) return Fail("read", 0);
+    const bool enc = std::strcmp(argv[2], "encode") == 0;
+    if (!enc && std::strcmp(argv[2], "decode") != 0) return Usage();
+    const int rc = enc ? QSBase::base64Encode(in, &out) : QSBase::base64Decode(in, &out);
+    if (rc != 0) return Fail(enc ? "base64 encode" : "base64 decode", rc);
+    return WriteAll(argv[4], out) ? 0 : Fail("write", 0);
+  }
+  if (cmd == "pem" && argc == 6) {
+    const int type = PemType(argv[3]);
+    if (!ReadAll(argv[4], &in)) return Fail("read", 0);
+    const bool enc = std::strcmp(argv[2], "encode") == 0;
+    if (!enc && std::strcmp(argv[2], "decode") != 0) return Usage();
+    const int rc = enc ? QSBase::pemEncode(type, in, &out) : QSBase::pemDecode(type, in, &out);
+    if (rc != 0) return Fail(enc ? "pem encode" : "pem decode", rc);
+    return WriteAll(argv[5], out) ? 0 : Fail("write", 0);
+  }
+  return Usage();
+}
