@@ -21,6 +21,18 @@ struct DecodeTable {
 };
 constexpr DecodeTable kDecode;
 
+// Two output characters for every 12-bit value, so a 3-byte group costs two lookups.
+struct PairTable {
+  char v[4096][2];
+  constexpr PairTable() : v() {
+    for (int i = 0; i < 4096; ++i) {
+      v[i][0] = kAlphabet[i >> 6];
+      v[i][1] = kAlphabet[i & 63];
+    }
+  }
+};
+constexpr PairTable kPairs;
+
 }  // namespace
 
 int QSBase::base64Encode(const ByteString& in, ByteString* out) {
@@ -39,10 +51,8 @@ int QSBase::base64Encode(const void* p, int n, ByteString* out) {
   std::size_t i = 0;
   for (; i + 3 <= len; i += 3, d += 4) {
     const unsigned v = (unsigned{s[i]} << 16) | (unsigned{s[i + 1]} << 8) | s[i + 2];
-    d[0] = kAlphabet[v >> 18];
-    d[1] = kAlphabet[(v >> 12) & 63];
-    d[2] = kAlphabet[(v >> 6) & 63];
-    d[3] = kAlphabet[v & 63];
+    std::memcpy(d, kPairs.v[v >> 12], 2);
+    std::memcpy(d + 2, kPairs.v[v & 0xFFF], 2);
   }
   if (i < len) {
     const unsigned v = (unsigned{s[i]} << 16) | (i + 1 < len ? unsigned{s[i + 1]} << 8 : 0u);

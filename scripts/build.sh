@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Configures and builds one flavour: release (default, in build/) or
+# sanitize (AddressSanitizer + UndefinedBehaviorSanitizer, in build-sanitize/).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+flavour=${1:-release}
+case "$flavour" in
+  release)  dir=build;          opts=(-DCMAKE_BUILD_TYPE=Release) ;;
+  sanitize) dir=build-sanitize; opts=(-DCMAKE_BUILD_TYPE=Debug -DQVA_SANITIZE=ON -DQVA_BUILD_BENCH=OFF) ;;
+  *) echo "usage: $0 [release|sanitize]" >&2; exit 2 ;;
+esac
+cmake -G Ninja -S . -B "$dir" "${opts[@]}" >/dev/null
+ninja -C "$dir"

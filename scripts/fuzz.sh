@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# Builds the libFuzzer targets with clang and runs each one for a while:
+#   scripts/fuzz.sh [seconds-per-target] [target...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+root=$(pwd)
+seconds=${1:-30}
+shift || true
+CC=clang CXX=clang++ cmake -G Ninja -S . -B build-fuzz -DCMAKE_BUILD_TYPE=Release \
+  -DQVA_FUZZ=ON -DQVA_BUILD_TESTS=OFF -DQVA_BUILD_BENCH=OFF >/dev/null
+ninja -C build-fuzz >/dev/null
+
+targets=("$@")
+if [ ${#targets[@]} -eq 0 ]; then
+  for src in fuzz/*.cpp; do targets+=("$(basename "$src" .cpp)"); done
+fi
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+for t in "${targets[@]}"; do
+  corpus="$work/$t"
+  mkdir -p "$corpus"
+  seeds=()
+  [ -d "fuzz/corpus/$t" ] && seeds=("fuzz/corpus/$t")
+  echo "== $t: ${seconds}s"
+  # A crash or sanitizer report ends the run with a non-zero status.
+  status=0
+  (cd "$work" && "$root/build-fuzz/fuzz/$t" -max_total_time="$seconds" -print_final_stats=1 \
+      "$corpus" "${seeds[@]/#/$root/}") >"$work/$t.log" 2>&1 || status=$?
+  grep -E '^stat::number_of_executed_units|SUMMARY|ERROR' "$work/$t.log" || true
+  if [ "$status" -ne 0 ]; then
+    tail -n 60 "$work/$t.log"
+    exit "$status"
+  fi
+done

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Installs every package the build, tests, benchmarks and fuzzers need
+# (Debian 12). Quiet and quick when everything is already there.
+set -euo pipefail
+
+packages=(
+  cmake ninja-build g++ clang libclang-rt-14-dev ccache python3
+  libssl-dev openssl libgtest-dev libgmock-dev libbenchmark-dev
+  rhash binutils libc-bin
+)
+if [ "${QVA_WITH_MINGW:-0}" = 1 ]; then
+  packages+=(g++-mingw-w64-i686-posix)
+fi
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO=sudo
+echo "installing: ${missing[*]}"
+$SUDO apt-get update -qq
+DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
