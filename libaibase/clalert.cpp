@@ -1,0 +1,13 @@
+#include "libaibase/clalert.h"
+
+#include "base/ErrorCodes.h"
+
+CLAlert::CLAlert() : CLRecord(RECORD_ALERT) {}
+
+CLAlert::~CLAlert() = default;
+
+int CLAlert::MakeAlert(int version, const ByteString& data) { return MakeRecord(version, kNoHandshakeType, data); }
+
+int CLAlert::ParseAlert(const ByteString& record) {
+  return ParseRecord(record, nullptr, "CLAlert::ParseAlert", "Alert Message", ERR_ALERT_PARSE);
+}

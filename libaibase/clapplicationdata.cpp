@@ -1,0 +1,16 @@
+#include "libaibase/clapplicationdata.h"
+
+#include "base/ErrorCodes.h"
+
+CLApplicationData::CLApplicationData() : CLRecord(RECORD_APPLICATION_DATA) {}
+
+CLApplicationData::~CLApplicationData() = default;
+
+int CLApplicationData::MakeApplicationData(int version, const ByteString& data) {
+  return MakeRecord(version, kNoHandshakeType, data);
+}
+
+int CLApplicationData::ParseApplicationData(const ByteString& record) {
+  return ParseRecord(record, nullptr, "CLApplicationData::ParseApplicationData", "Application Data Message",
+                     ERR_APPLICATION_DATA_PARSE);
+}

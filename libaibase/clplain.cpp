@@ -1,0 +1,13 @@
+#include "libaibase/clplain.h"
+
+#include "base/ErrorCodes.h"
+
+CLPlain::CLPlain() : CLRecord(RECORD_PLAIN) {}
+
+CLPlain::~CLPlain() = default;
+
+int CLPlain::MakePlain(int version, const ByteString& data) { return MakeRecord(version, kNoHandshakeType, data); }
+
+int CLPlain::ParsePlain(const ByteString& record) {
+  return ParseRecord(record, nullptr, "CLPlain::ParsePlain", "Plain Message", ERR_PLAIN_PARSE);
+}

@@ -1,0 +1,69 @@
+#include "libaibase/clsecuremanager.h"
+
+#include <utility>
+
+#include "libaibase/clalert.h"
+#include "libaibase/clplain.h"
+
+namespace {
+
+// Runs one record operation on a fresh record object; on success the
+// manager's output receives what `take` extracts from it, on failure the
+// manager records method/label with the record's code and trace.
+template <typename Record, typename Op, typename Take>
+int RunRecordOp(CErrorTrace* self, int* code, ByteString* output, const char* method, const char* label, Op op,
+                Take take) {
+  Record rec;
+  *code = op(rec);
+  if (*code != 0) {
+    self->QVA_ERROR_TRACE(method, label, *code, rec.GetErrorMsg().c_str());
+    return *code;
+  }
+  *output = take(rec);
+  return 0;
+}
+
+}  // namespace
+
+CLSecureManager::CLSecureManager(const ByteString* certificate, const ByteString* privateKey) {
+  if (certificate && certificate->length() > 0) m_bsCertificate = *certificate;
+  if (privateKey && privateKey->length() > 0) m_bsPrivateKey = *privateKey;
+}
+
+CLSecureManager::~CLSecureManager() { Release(); }
+
+void CLSecureManager::Release() {
+  for (ByteString* bs : {&m_bsSessionSecret, &m_bsOutput, &m_bsDataKey, &m_bsDataIV, &m_bsCertificate,
+                         &m_bsPrivateKey})
+    bs->clear();
+}
+
+ByteString CLSecureManager::TakeOutput() { return std::move(m_bsOutput); }
+
+int CLSecureManager::MakePlainData(const ByteString& data) {
+  return RunRecordOp<CLPlain>(
+      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::MakePlainData", "plain.MakePlain",
+      [&](CLPlain& r) { return r.MakePlain(RECORD_VERSION, data); }, [](CLPlain& r) { return r.TakeRecord(); });
+}
+
+int CLSecureManager::ParsePlain(const ByteString& record) {
+  return RunRecordOp<CLPlain>(
+      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::ParsePlain", "plain.ParsePlain",
+      [&](CLPlain& r) { return r.ParsePlain(record); }, [](CLPlain& r) { return r.TakeData(); });
+}
+
+int CLSecureManager::MakeAlert(const ByteString& data) {
+  return RunRecordOp<CLAlert>(
+      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::MakeAlert", "alert.MakeAlert",
+      [&](CLAlert& r) { return r.MakeAlert(RECORD_VERSION, data); }, [](CLAlert& r) { return r.TakeRecord(); });
+}
+
+int CLSecureManager::ParseAlert(const ByteString& record) {
+  return RunRecordOp<CLAlert>(
+      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::ParseAlert", "alert.ParseAlert",
+      [&](CLAlert& r) { return r.ParseAlert(record); }, [](CLAlert& r) { return r.TakeData(); });
+}
+
+bool CLSecureManager::IsAlert(const ByteString& record) { return CLAlert::IsAlert(record); }
+
+bool CLSecureManager::IsPlain(const ByteString& record) { return CLPlain::IsPlain(record); }
