@@ -1,0 +1,42 @@
+// CSecureTunnel: one request/response channel to the server, made of a
+// socket client and a secure manager that it owns.
+//
+// Request runs the plain exchange: the caller's data goes out in a plain
+// record, and the answer record's data comes back through GetResponse(). An
+// alert record from the server ends the exchange with 180 and the alert's
+// text. The handshake driver and the enciphered exchange are added beside
+// Request together with the secure manager's handshake operations.
+#pragma once
+
+#include <memory>
+
+#include "base/ByteString.h"
+#include "base/CErrorTrace.h"
+#include "libaibase/clsecuremanager.h"
+#include "libqvaclient/csocketclient.h"
+
+class CSecureTunnel : public CErrorTrace {
+ public:
+  CSecureTunnel();
+  ~CSecureTunnel() override;
+  CSecureTunnel(const CSecureTunnel&) = delete;
+  CSecureTunnel& operator=(const CSecureTunnel&) = delete;
+
+  // Connects the socket (no handshake). 0 or the socket client's code.
+  int Connect(const ByteString& host1, int port1, const ByteString& host2, int port2);
+  // One plain exchange; 0 with the answer's data in GetResponse().
+  int Request(const ByteString& data);
+  int ProcessPlainData(const ByteString& data);
+  const ByteString& GetResponse() const { return m_bsResponse; }
+  ByteString TakeResponse();
+  // Releases the manager and closes the socket; harmless when repeated.
+  void Disconnect();
+
+ private:
+  // Fails with 180 when record is an alert; 0 otherwise.
+  int CheckAlert(const ByteString& record);
+
+  ByteString m_bsResponse;
+  std::unique_ptr<CLSecureManager> m_pSecureManager;
+  std::unique_ptr<CSocketClient> m_pSocketClient;
+};
