@@ -1,0 +1,76 @@
+// Shared pieces of the crypto core's sources: the OpenSSL library context,
+// the fetched digests and ciphers, the digest engine used by digests, MACs
+// and KCDSA, and the parsed public-key object. Only the core includes it.
+#pragma once
+
+#include <openssl/evp.h>
+
+#include <cstddef>
+
+#include "ZENALib/QSCrypto/ECSP.h"
+#include "ZENALib/QSCrypto/HAS160.h"
+
+struct KCDSA_KEY;
+
+namespace ecsp_internal {
+
+// The core's own library context with the default and legacy providers
+// loaded (once, on first use, from any thread). Null if loading failed.
+OSSL_LIB_CTX* LibCtx();
+
+enum DigestKind { kDigestMD5 = 0, kDigestSHA1 = 1, kDigestSHA256 = 2, kDigestHAS160 = 3, kDigestSHA224 = 4 };
+constexpr int kDigestKinds = 5;
+constexpr int kMaxDigestLength = 32;
+
+int DigestLength(DigestKind kind);
+const EVP_MD* Md(DigestKind kind);  // null for HAS-160
+// The digest started by a core code; false when the code starts none.
+bool SelectDigest(int nAlgID, DigestKind* pKind);
+
+// One running digest, EVP or HAS-160 behind the same calls.
+class Digest {
+ public:
+  Digest() = default;
+  ~Digest();
+  Digest(const Digest&) = delete;
+  Digest& operator=(const Digest&) = delete;
+
+  bool Init(DigestKind kind);
+  bool Update(const unsigned char* p, std::size_t n);
+  // Writes DigestLength(kind) bytes; the digest must be Init-ed again after.
+  bool Final(unsigned char* out);
+  DigestKind kind() const { return m_kind; }
+  int length() const { return DigestLength(m_kind); }
+
+ private:
+  DigestKind m_kind = kDigestSHA1;
+  EVP_MD_CTX* m_pMd = nullptr;
+  HAS160_CTX m_has;
+};
+
+// Ciphers fetched from the library context, by core cipher and mode code.
+const EVP_CIPHER* Cipher(int nAlgID, int nMode);
+int CipherKeyLength(int nAlgID);  // 0 for the variable key length of RC2
+int CipherBlockLength(int nAlgID);
+int RC2EffectiveBits(int nAlgID);
+
+// A parsed public key (OpenSSL) or KCDSA key.
+void FreePKey(ECSP_PKEY* p);
+// Parses DER key bytes: a private key first (PKCS#8 or traditional), then a
+// public key (SubjectPublicKeyInfo, then PKCS#1 RSAPublicKey).
+EVP_PKEY* ParseKey(const unsigned char* p, int n, bool* pbPrivate);
+
+// True when the process-wide lock of the core is held by this object.
+class CoreLock {
+ public:
+  CoreLock();
+  ~CoreLock();
+  CoreLock(const CoreLock&) = delete;
+  CoreLock& operator=(const CoreLock&) = delete;
+  bool held() const { return m_bHeld; }
+
+ private:
+  bool m_bHeld = false;
+};
+
+}  // namespace ecsp_internal
