@@ -1,0 +1,8 @@
+#include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
+
+const RField RAlgorithmIdentifier::kFields[] = {
+    R_FIELD(RAlgorithmIdentifier, algorithm, ASN1_TAG_OID, R_MANDATORY),
+    R_FIELD_ANY(RAlgorithmIdentifier, parameters, R_OPTIONAL),
+};
+const RSchema RAlgorithmIdentifier::kSchema =
+    R_SCHEMA(RAlgorithmIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);

@@ -1,0 +1,41 @@
+#include "ZENALib/ASN1Pkix/RAny.h"
+
+int RAny::store(const unsigned char* p, int n) {
+  RElementHeader h{};
+  if (RReadHeader(p, n, &h) != 0) return R_ERR_FORMAT;
+  const int content = h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
+  m_bsElement.setData(p, h.totalLength);
+  m_bsValue.setData(p + h.headerLength, content);
+  m_ucConstructed = static_cast<unsigned char>(h.first & ASN1_CONSTRUCTED);
+  return 0;
+}
+
+int RAny::setElement(const ByteString& bsElement) {
+  RElementHeader h{};
+  if (RReadHeader(bsElement.data(), bsElement.length(), &h) != 0 || h.totalLength != bsElement.length())
+    return R_ERR_FORMAT;
+  return store(bsElement.data(), bsElement.length());
+}
+
+ByteString& RAny::toASN1Object() {
+  m_nErrorCode = 0;
+  if (m_bsElement.length() == 0) {
+    failAt(nullptr, "toASN1Object", "m_bsElement", R_ERR_FORMAT, "ASN1 Format Error");
+    m_bsEncoded.clear();
+  } else if (m_ucTaggedType != ASN1_EXPLICIT) {
+    m_bsEncoded = m_bsElement;
+  } else if (wrapExplicit(m_bsElement, &m_bsEncoded) != 0) {
+    failAt(nullptr, "toASN1Object", "m_nOptionTagNo", R_ERR_FORMAT, "ASN1 Format Error");
+    m_bsEncoded.clear();
+  }
+  return m_bsEncoded;
+}
+
+int RAny::fromASN1Object(const ByteString& bsData) {
+  m_nErrorCode = 0;
+  const unsigned char* p = bsData.data();
+  int n = bsData.length();
+  if ((m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0) || store(p, n) != 0)
+    return failAt(nullptr, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+  return 0;
+}

@@ -1,0 +1,29 @@
+// RAny: a component kept verbatim (ANY DEFINED BY parameters, attribute
+// values, contents whose type another member names).
+//
+// Decoding keeps the element's exact bytes, so encoding it again gives them
+// back unchanged; getValue() holds its content octets. Under an explicit tag
+// set by the parent, the tag is unwrapped and wrapped here.
+#pragma once
+
+#include "ZENALib/ASN1Pkix/RObject.h"
+
+class RAny : public RObject {
+ public:
+  RAny() : RObject(ASN1_TAG_NONE) {}
+  const char* className() const override { return "RAny"; }
+  ByteString& toASN1Object() override;
+  int fromASN1Object(const ByteString& bsData) override;
+
+  // The element itself (identifier, length, contents); empty when unset.
+  const ByteString& getElement() const { return m_bsElement; }
+  // Sets the element from a complete encoding; 0, or R_ERR_FORMAT when it is
+  // not one whole element.
+  int setElement(const ByteString& bsElement);
+  // The first identifier octet of the element, 0 when unset.
+  unsigned char getIdentifier() const { return m_bsElement.length() ? m_bsElement.data()[0] : 0; }
+
+ private:
+  int store(const unsigned char* p, int n);
+  ByteString m_bsElement;
+};

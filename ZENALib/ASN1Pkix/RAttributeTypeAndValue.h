@@ -1,0 +1,12 @@
+// AttributeTypeAndValue ::= SEQUENCE { type AttributeType, value AttributeValue }   (RFC 5280 4.1.2.4)
+#pragma once
+
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAny.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RAttributeTypeAndValue : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1ObjectIdentifier, Type, type)
+  R_COMPONENT(RAny, Value, value)
+};

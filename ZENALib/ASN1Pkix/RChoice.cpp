@@ -1,0 +1,58 @@
+#include "ZENALib/ASN1Pkix/RChoice.h"
+
+void RChoice::select(const ASN1Object& member) {
+  const RSchema& s = schema();
+  for (int i = 0; i < s.nFields; ++i)
+    if (&s.fields[i].ref(const_cast<RChoice&>(*this)) == &member) m_nSelected = i;
+}
+
+bool RChoice::isSelected(const ASN1Object& member) const {
+  return m_nSelected >= 0 && &schema().fields[m_nSelected].ref(const_cast<RChoice&>(*this)) == &member;
+}
+
+ByteString& RChoice::toASN1Object() {
+  const RSchema& s = schema();
+  m_nErrorCode = 0;
+  m_bsEncoded.clear();
+  if (m_nSelected < 0) {
+    failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, "No alternative is selected.");
+    return m_bsEncoded;
+  }
+  const RField& f = s.fields[m_nSelected];
+  ASN1Object& m = f.ref(*this);
+  applyFieldTag(f);
+  const ByteString& enc = m.toASN1Object();
+  if (m.getErrorCode() != 0) {
+    failAt(&s, "toASN1Object", f.member, m.getErrorCode(), m.getErrorMessage().c_str());
+    return m_bsEncoded;
+  }
+  if (m_ucTaggedType != ASN1_EXPLICIT) {
+    m_bsEncoded = enc;
+  } else if (const int rc = wrapExplicit(enc, &m_bsEncoded); rc != 0) {
+    failAt(&s, "toASN1Object", "m_nOptionTagNo", rc, "");
+    m_bsEncoded.clear();
+  }
+  return m_bsEncoded;
+}
+
+int RChoice::fromASN1Object(const ByteString& bsData) {
+  const RSchema& s = schema();
+  m_nErrorCode = 0;
+  m_nSelected = -1;
+  const unsigned char* p = bsData.data();
+  int n = bsData.length();
+  if (m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0)
+    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+  RElementHeader h{};
+  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if (!fieldMatches(f, h)) continue;
+    if (const int rc = decodeField(&s, f, p, h.totalLength); rc != 0) return rc;
+    m_nSelected = i;
+    return 0;
+  }
+  ByteString msg;
+  msg.format("No alternative has the identifier 0x%02X.", h.first);
+  return failAt(&s, "fromASN1Object", "m_nSelected", R_ERR_CHOICE, msg.c_str());
+}

@@ -1,0 +1,45 @@
+// RChoice: the engine of every CHOICE structure class.
+//
+// A CHOICE class holds one member per alternative and states them as an
+// RSchema whose fields are the alternatives (count rule unused). Decoding
+// picks the first alternative whose identifier matches (an RKind::Any
+// alternative matches anything, so it goes last); encoding writes the
+// selected one. A CHOICE that is itself given an explicit tag by its parent
+// unwraps and wraps that tag here.
+#pragma once
+
+#include "ZENALib/ASN1Pkix/RObject.h"
+
+class RChoice : public RObject {
+ public:
+  const char* className() const override { return schema().cls; }
+  ByteString& toASN1Object() override;
+  int fromASN1Object(const ByteString& bsData) override;
+
+  // Index of the selected alternative in the schema, -1 when none is.
+  int getSelected() const { return m_nSelected; }
+  // Selects the alternative held in `member`.
+  void select(const ASN1Object& member);
+  // Whether `member` holds the selected alternative.
+  bool isSelected(const ASN1Object& member) const;
+
+ protected:
+  RChoice() : RObject(ASN1_TAG_NONE) {}
+  virtual const RSchema& schema() const = 0;
+
+ private:
+  int m_nSelected = -1;
+};
+
+// An alternative: the member m_<name> with get<Name>, set<Name> (which
+// selects it) and is<Name> (whether it is the selected one).
+#define R_ALTERNATIVE(Type, Name, name)                 \
+ public:                                               \
+  const Type& get##Name() const { return m_##name; }   \
+  Type& get##Name() { return m_##name; }               \
+  void set##Name(const Type& v) {                      \
+    m_##name = v;                                      \
+    select(m_##name);                                  \
+  }                                                    \
+  bool is##Name() const { return isSelected(m_##name); } \
+  Type m_##name;

@@ -1,0 +1,44 @@
+#include "ZENALib/ASN1Pkix/RListOf.h"
+
+#include "ZENALib/ASN1/ASN1Set.h"
+
+ByteString& RListBase::toASN1Object() {
+  m_nErrorCode = 0;
+  ASN1Set set;
+  ASN1Sequence sequence;
+  ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
+  for (int i = 0; i < getCount(); ++i) {
+    ASN1Object& item = itemAt(i);
+    const ByteString& enc = item.toASN1Object();
+    if (item.getErrorCode() != 0) {
+      failAt(nullptr, "toASN1Object", "m_items", item.getErrorCode(), item.getErrorMessage().c_str());
+      m_bsEncoded.clear();
+      return m_bsEncoded;
+    }
+    if (const int rc = asnSeq.addComponent(enc); rc != 0) {
+      failAt(nullptr, "toASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
+      m_bsEncoded.clear();
+      return m_bsEncoded;
+    }
+  }
+  return finishEncoding(asnSeq, nullptr);
+}
+
+int RListBase::fromASN1Object(const ByteString& bsData) {
+  m_nErrorCode = 0;
+  removeAllItems();
+  ASN1Set set;
+  ASN1Sequence sequence;
+  ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
+  int rc = asnSeq.fromASN1Object(bsData);
+  if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
+  for (int i = 0; i < asnSeq.getComponentCount(); ++i) {
+    const unsigned char* p = nullptr;
+    int n = 0;
+    asnSeq.getComponentBytes(i, &p, &n);
+    ASN1Object& item = appendItem();
+    if ((rc = item.fromASN1Object(ByteString(p, n))) != 0)
+      return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());
+  }
+  return 0;
+}

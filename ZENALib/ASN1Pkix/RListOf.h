@@ -1,0 +1,61 @@
+// RListOf<T>: the engine of every SEQUENCE OF and SET OF class.
+//
+//   class RExtensions : public RListOf<RExtension> {
+//    public:
+//     RExtensions() : RListOf("RExtensions") {}
+//   };
+//
+// Items keep the order in which they were decoded or added (a SET OF built
+// from DER input therefore encodes back to the same bytes).
+#pragma once
+
+#include <vector>
+
+#include "ZENALib/ASN1Pkix/RObject.h"
+
+class RListBase : public RObject {
+ public:
+  const char* className() const override { return m_szClass; }
+  ByteString& toASN1Object() override;
+  int fromASN1Object(const ByteString& bsData) override;
+  virtual int getCount() const = 0;
+
+ protected:
+  RListBase(const char* szClass, unsigned char ucTag) : RObject(ucTag), m_szClass(szClass) {}
+  virtual ASN1Object& itemAt(int i) = 0;
+  virtual ASN1Object& appendItem() = 0;
+  virtual void removeAllItems() = 0;
+
+ private:
+  const char* m_szClass;
+};
+
+template <typename T>
+class RListOf : public RListBase {
+ public:
+  int getCount() const override { return static_cast<int>(m_items.size()); }
+  // Item i, or null when i is out of range.
+  T* getAt(int i) { return i >= 0 && i < getCount() ? &m_items[static_cast<std::size_t>(i)] : nullptr; }
+  const T* getAt(int i) const { return i >= 0 && i < getCount() ? &m_items[static_cast<std::size_t>(i)] : nullptr; }
+  void add(const T& item) { m_items.push_back(item); }
+  void removeAll() { m_items.clear(); }
+  const std::vector<T>& items() const { return m_items; }
+
+ protected:
+  explicit RListOf(const char* szClass, unsigned char ucTag = ASN1_TAG_SEQUENCE) : RListBase(szClass, ucTag) {}
+  ASN1Object& itemAt(int i) override { return m_items[static_cast<std::size_t>(i)]; }
+  ASN1Object& appendItem() override {
+    m_items.emplace_back();
+    return m_items.back();
+  }
+  void removeAllItems() override { m_items.clear(); }
+
+  std::vector<T> m_items;
+};
+
+// A SET OF collection.
+template <typename T>
+class RSetOf : public RListOf<T> {
+ protected:
+  explicit RSetOf(const char* szClass) : RListOf<T>(szClass, ASN1_TAG_SET) {}
+};

@@ -1,0 +1,71 @@
+// RObject: the base of every structure class, and the per-field encoding and
+// decoding shared by the sequence, choice and collection engines.
+//
+// Error codes of the structure classes (a member's own failure passes its
+// code through unchanged):
+//   R_ERR_COUNT    the component count breaks the class's rule (field "nCount")
+//   R_ERR_TAG      a mandatory component has the wrong tag, or is missing
+//   R_ERR_CHOICE   no alternative of a CHOICE matches the identifier
+//   R_ERR_FORMAT   an element header cannot be read, or nothing to encode
+#pragma once
+
+#include "ZENALib/ASN1/ASN1Object.h"
+#include "ZENALib/ASN1/ASN1Sequence.h"
+#include "ZENALib/ASN1Pkix/RSchema.h"
+
+constexpr int R_ERR_COUNT = 21;
+constexpr int R_ERR_TAG = 22;
+constexpr int R_ERR_CHOICE = 23;
+constexpr int R_ERR_FORMAT = 24;
+
+// Identifier and length of one element, read without leaving the buffer.
+struct RElementHeader {
+  unsigned char first;  // first identifier octet
+  int tagNo;            // tag number (high-tag form resolved)
+  int idLength;         // identifier octets
+  int headerLength;     // identifier and length octets
+  int contentLength;    // -1 for an indefinite length
+  int totalLength;      // whole element, end-of-contents octets included
+  bool constructed() const { return (first & ASN1_CONSTRUCTED) != 0; }
+  unsigned char tagClass() const { return static_cast<unsigned char>(first & 0xC0); }
+};
+
+// Reads the header of the element at p (n octets available); 0, or
+// R_ERR_FORMAT when it is malformed or runs past n.
+int RReadHeader(const unsigned char* p, int n, RElementHeader* h);
+
+class RObject : public ASN1Object {
+ public:
+  // Class name used in traces.
+  virtual const char* className() const = 0;
+  // The encoding built by the last toASN1Object (decoding does not keep the
+  // bytes received; RAny does, for components that must stay verbatim).
+  const ByteString& getEncoded() const { return m_bsEncoded; }
+
+ protected:
+  explicit RObject(unsigned char ucTag);
+
+  // Records a failure of this class: the trace line names the class, the
+  // method and the field, and chains `message` after it.
+  int failAt(const RSchema* schema, const char* method, const char* field, int code, const char* message);
+
+  // Encodes `seq` under this object's own implicit or explicit tag into
+  // m_bsEncoded; on failure records field "asnSeq". Returns m_bsEncoded.
+  ByteString& finishEncoding(ASN1Sequence& seq, const RSchema* schema);
+
+  // Encodes one member as field f says (tags applied first) and appends it
+  // to seq; 0 or the failing code (recorded under the member's name).
+  int encodeField(const RSchema* schema, const RField& f, ASN1Sequence& seq);
+  // Decodes one member from an element (p, n) as field f says; 0 or the
+  // failing code (recorded under the member's name).
+  int decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n);
+  // Whether the element with header h is the one field f expects.
+  static bool fieldMatches(const RField& f, const RElementHeader& h);
+  // Puts field f's tag on its member before encoding or decoding.
+  void applyFieldTag(const RField& f);
+  // The element `inner` under this object's own explicit tag, into out.
+  int wrapExplicit(const ByteString& inner, ByteString* out) const;
+  // The element inside this object's own explicit tag: (p, n) is narrowed
+  // to the inner element. 0 or R_ERR_FORMAT.
+  static int unwrapExplicit(const unsigned char** p, int* n);
+};

@@ -1,0 +1,100 @@
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+#include "ZENALib/ASN1/ASN1Set.h"
+
+int RStructure::fieldIndex(const ASN1Object& member) const {
+  const RSchema& s = schema();
+  auto& self = const_cast<RStructure&>(*this);
+  for (int i = 0; i < s.nFields; ++i)
+    if (&s.fields[i].ref(self) == &member) return i;
+  return -1;
+}
+
+bool RStructure::isPresent(const ASN1Object& member) const {
+  const int i = fieldIndex(member);
+  if (i < 0) return false;
+  if (!(schema().fields[i].flags & (R_OPTIONAL | R_VERSION))) return true;
+  return (m_nPresent >> i) & 1u;
+}
+
+void RStructure::setPresent(const ASN1Object& member, bool present) {
+  const int i = fieldIndex(member);
+  if (i < 0 || i >= 64) return;
+  if (present)
+    m_nPresent |= std::uint64_t{1} << i;
+  else
+    m_nPresent &= ~(std::uint64_t{1} << i);
+}
+
+int RStructure::checkCount(int nCount) {
+  const RCountRule& r = schema().count;
+  bool ok = true;
+  switch (r.kind) {
+    case RCountRule::None: break;
+    case RCountRule::AtLeast: ok = nCount >= r.n; break;
+    case RCountRule::Exactly: ok = nCount == r.n; break;
+    case RCountRule::Between: ok = nCount >= r.n && nCount <= r.m; break;
+  }
+  if (ok) return 0;
+  return failAt(&schema(), "fromASN1Object", "nCount", R_ERR_COUNT, r.message);
+}
+
+ByteString& RStructure::toASN1Object() {
+  const RSchema& s = schema();
+  m_nErrorCode = 0;
+  ASN1Set set;
+  ASN1Sequence sequence;
+  ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if ((f.flags & (R_OPTIONAL | R_VERSION)) && !((m_nPresent >> i) & 1u)) continue;
+    if (encodeField(&s, f, asnSeq) != 0) {
+      m_bsEncoded.clear();
+      return m_bsEncoded;
+    }
+  }
+  return finishEncoding(asnSeq, &s);
+}
+
+int RStructure::fromASN1Object(const ByteString& bsData) {
+  const RSchema& s = schema();
+  m_nErrorCode = 0;
+  m_nPresent = 0;
+  ASN1Set set;
+  ASN1Sequence sequence;
+  ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
+  int rc = asnSeq.fromASN1Object(bsData);
+  if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
+  const int count = asnSeq.getComponentCount();
+  if ((rc = checkCount(count)) != 0) return rc;
+
+  int next = 0;  // index of the next unread component
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    const unsigned char* p = nullptr;
+    int n = 0;
+    RElementHeader h{};
+    const bool have = next < count && asnSeq.getComponentBytes(next, &p, &n) == 0 && RReadHeader(p, n, &h) == 0;
+    if (!have || !fieldMatches(f, h)) {
+      if (f.flags & R_VERSION) {
+        // Absent version: v1 (0), and the component index does not advance.
+        f.ref(*this).setValue("\x00", 1);
+        continue;
+      }
+      if (f.flags & R_OPTIONAL) continue;
+      ByteString msg;
+      if (!have)
+        msg.format("%s component is missing.", f.name);
+      else if (f.kind == RKind::Universal)
+        msg.format("%s component is not %s.", f.name, RTagName(f.tag));
+      else
+        msg.format("%s component is not [%d].", f.name, f.tag);
+      return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
+    }
+    if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
+    if (i < 64) m_nPresent |= std::uint64_t{1} << i;
+    ++next;
+  }
+  // Components after the last known one (extensions of the schema) are ignored.
+  return 0;
+}

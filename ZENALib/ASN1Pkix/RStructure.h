@@ -1,0 +1,54 @@
+// RStructure: the engine of every SEQUENCE and SET structure class.
+//
+// A class derives from RStructure, holds one member per component
+// (m_<component>, by value), and states its schema in a static RSchema
+// (RSchema.h). toASN1Object and fromASN1Object below walk that table; a
+// class writes code only for cross-field rules (override checkCount or
+// fromASN1Object and call the base).
+//
+// Optional components carry a presence bit: decoding sets it for each
+// component found, a set... accessor sets it, and encoding skips absent
+// optional members. A [0] EXPLICIT Version DEFAULT v1 (R_VERSION) reads as 0
+// when absent and stays absent when encoded again.
+#pragma once
+
+#include <cstdint>
+
+#include "ZENALib/ASN1Pkix/RObject.h"
+
+class RStructure : public RObject {
+ public:
+  const char* className() const override { return schema().cls; }
+  ByteString& toASN1Object() override;
+  int fromASN1Object(const ByteString& bsData) override;
+
+  // Whether an optional member is present (mandatory members always are).
+  bool isPresent(const ASN1Object& member) const;
+  // Marks an optional member present or absent.
+  void setPresent(const ASN1Object& member, bool present);
+
+ protected:
+  explicit RStructure(unsigned char ucTag = ASN1_TAG_SEQUENCE) : RObject(ucTag) {}
+  virtual const RSchema& schema() const = 0;
+  // Checks the component count against the schema's rule; 0, or R_ERR_COUNT
+  // recorded under "nCount" with the rule's message.
+  virtual int checkCount(int nCount);
+
+ private:
+  int fieldIndex(const ASN1Object& member) const;
+
+  std::uint64_t m_nPresent = 0;
+};
+
+// A component: the member m_<name> with get<Name>/set<Name> (which marks an
+// optional member present) and has<Name>.
+#define R_COMPONENT(Type, Name, name)                                      \
+ public:                                                                   \
+  const Type& get##Name() const { return m_##name; }                       \
+  Type& get##Name() { return m_##name; }                                   \
+  void set##Name(const Type& v) {                                          \
+    m_##name = v;                                                          \
+    setPresent(m_##name, true);                                            \
+  }                                                                        \
+  bool has##Name() const { return isPresent(m_##name); }                   \
+  Type m_##name;
