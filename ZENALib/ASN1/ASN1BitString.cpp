@@ -1,0 +1,37 @@
+#include "ZENALib/ASN1/ASN1BitString.h"
+
+#include "base/ByteReader.h"
+
+ASN1BitString::ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
+
+int ASN1BitString::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1BitString", ASN1_TAG_BITSTRING,
+                     "TagType(%d) is not ASN1_TAG_BITSTRING");
+}
+
+int ASN1BitString::setBitString(const ByteString& bsData, int bNamedBitList) {
+  const unsigned char* p = bsData.data();
+  int n = bsData.length();
+  unsigned char unused = 0;
+  if (bNamedBitList == 1 && n > 0) {
+    // A named bit list carries no trailing zero bits (X.690 11.2.2).
+    while (n > 0 && p[n - 1] == 0) --n;
+    if (n == 0) return ASN1_FAIL("ASN1BitString", "setBitString", "nLen", 1, "The input data value is null.");
+    for (unsigned char last = p[n - 1]; !(last & 1); last >>= 1) ++unused;
+  }
+  ByteWriter w;
+  w.reserve(static_cast<std::size_t>(n) + 1);
+  w.u8(unused).bytes(p, static_cast<std::size_t>(n));
+  if (w.finish(&m_bsValue) != BS_OK)
+    return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", 2, "Memory Allocation Error");
+  return 0;
+}
+
+ByteString ASN1BitString::getBitString(int* pnUnusedBits) {
+  if (m_bsValue.length() == 0) {
+    ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", 1, "ASN1BitString Format Error(Length = 0)");
+    return ByteString();
+  }
+  if (pnUnusedBits) *pnUnusedBits = m_bsValue.data()[0];
+  return ByteString(m_bsValue.data() + 1, m_bsValue.length() - 1);
+}

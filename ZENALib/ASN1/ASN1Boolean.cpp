@@ -1,0 +1,16 @@
+#include "ZENALib/ASN1/ASN1Boolean.h"
+
+ASN1Boolean::ASN1Boolean() { m_ucPrimitiveTag = ASN1_TAG_BOOLEAN; }
+
+ASN1Boolean::ASN1Boolean(bool bValue) : ASN1Boolean() { setBoolean(bValue); }
+
+int ASN1Boolean::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Boolean", ASN1_TAG_BOOLEAN, "TagType(%d) is not ASN1_TAG_BOOLEAN");
+}
+
+void ASN1Boolean::setBoolean(bool bValue) {
+  const unsigned char octet = bValue ? 0xFF : 0x00;
+  m_bsValue.setData(&octet, 1);
+}
+
+bool ASN1Boolean::getBoolean() const { return m_bsValue.length() > 0 && m_bsValue.data()[0] != 0; }

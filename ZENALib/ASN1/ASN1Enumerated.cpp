@@ -1,0 +1,16 @@
+#include "ZENALib/ASN1/ASN1Enumerated.h"
+
+#include "ZENALib/ASN1/ASN1Integer.h"
+
+ASN1Enumerated::ASN1Enumerated() { m_ucPrimitiveTag = ASN1_TAG_ENUMERATED; }
+
+ASN1Enumerated::ASN1Enumerated(int nValue) : ASN1Enumerated() { setEnumerated(nValue); }
+
+int ASN1Enumerated::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Enumerated", ASN1_TAG_ENUMERATED,
+                     "TagType(%d) is not ASN1_TAG_ENUMERATED.");
+}
+
+void ASN1Enumerated::setEnumerated(int nValue) { ASN1Integer::EncodeNative(nValue, &m_bsValue); }
+
+int ASN1Enumerated::getEnumerated() const { return ASN1Integer::DecodeNative(m_bsValue); }

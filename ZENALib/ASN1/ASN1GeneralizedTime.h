@@ -1,0 +1,29 @@
+// ASN1GeneralizedTime: the GeneralizedTime type (universal tag 24).
+//
+// setValue validates the text with checkGMTTime and keeps the calendar time
+// in m_GMTTime; setGMTTime writes "YYYYMMDDhhmmssZ".
+#pragma once
+
+#include <ctime>
+
+#include "ZENALib/ASN1/ASN1Object.h"
+
+class ASN1GeneralizedTime : public ASN1Object {
+ public:
+  ASN1GeneralizedTime();
+  // Decodes one element and checks that it is a GeneralizedTime (an implicit tag is
+  // taken as one); 0, 1 for a decoding failure, 2 for another tag.
+  int fromASN1Object(const ByteString& bsData) override;
+
+  // Writes the text of a calendar time (seconds since 1970-01-01 UTC); a
+  // time before 1970 fails with code 1.
+  int setGMTTime(std::time_t tTime);
+  std::time_t getGMTTime() const { return m_GMTTime; }
+  // Validates YYYYMMDDhhmmss[.fraction]Z and stores the calendar time in
+  // m_GMTTime; 0 or codes 1-9 (see README.md).
+  int checkGMTTime(const char* szText, int nLength);
+
+ protected:
+  int checkValue(const unsigned char* p, int n) override;
+  std::time_t m_GMTTime;
+};

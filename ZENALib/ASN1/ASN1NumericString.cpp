@@ -1,0 +1,20 @@
+#include "ZENALib/ASN1/ASN1NumericString.h"
+
+#include <cstring>
+
+namespace {
+
+bool Accept(unsigned char c) { return (c >= '0' && c <= '9') || c == ' '; }
+
+}  // namespace
+
+ASN1NumericString::ASN1NumericString() { m_ucPrimitiveTag = ASN1_TAG_NUMERICSTRING; }
+
+int ASN1NumericString::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1NumericString", ASN1_TAG_NUMERICSTRING, "TagType(%d)is not ASN1_TAG_NUMERICSTRING");
+}
+
+int ASN1NumericString::checkValue(const unsigned char* p, int n) {
+  // The check is recorded under the class name "ASN1IA5String", as the library has always done.
+  return checkCharacters(p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1NumericString");
+}

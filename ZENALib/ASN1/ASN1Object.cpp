@@ -1,0 +1,404 @@
+#include "ZENALib/ASN1/ASN1Object.h"
+
+#include <cstring>
+
+#include "base/ByteReader.h"
+#include "base/Limits.h"
+
+namespace {
+
+const char kClass[] = "ASN1Object";
+const char kLengthError[] = "ASN1 Format(Length) Error";
+const char kFormatError[] = "ASN1 Format Error";
+const char kIndefiniteError[] = "Error at finding Indefinitive Length End(0x00 0x00)";
+
+// The part of a source path after its last '/' or '\'.
+const char* BaseName(const char* path) {
+  if (!path) return "";
+  const char* base = path;
+  for (const char* p = path; *p; ++p)
+    if (*p == '/' || *p == '\\') base = p + 1;
+  return base;
+}
+
+bool IsConstructedUniversal(unsigned char tag) { return tag == ASN1_TAG_SEQUENCE || tag == ASN1_TAG_SET; }
+
+}  // namespace
+
+int ASN1Object::putBase128(unsigned char* out, std::uint32_t v) {
+  unsigned char digits[5];
+  int n = 0;
+  do {
+    digits[n++] = static_cast<unsigned char>(v & 0x7F);
+    v >>= 7;
+  } while (v);
+  for (int i = 0; i < n; ++i)
+    out[i] = static_cast<unsigned char>(digits[n - 1 - i] | (i + 1 < n ? 0x80 : 0));
+  return n;
+}
+
+namespace {
+
+// Failure codes of one length read in fromASN1Object.
+struct LengthCodes {
+  int nLong;            // long form runs past the input
+  int nIndefinite;      // no end-of-contents found
+  int nIndefinitePast;  // end-of-contents past the input
+  int nShort;           // short form runs past the input
+};
+constexpr LengthCodes kOuterCodes = {4, 5, 6, 7};
+constexpr LengthCodes kInnerCodes = {9, 10, 11, 12};
+
+}  // namespace
+
+ASN1Object::ASN1Object()
+    : m_ucPrimitiveTag(ASN1_TAG_NONE),
+      m_ucTaggedType(ASN1_UNTAGGED),
+      m_nOptionTagNo(-1),
+      m_ucTagClass(ASN1_CLASS_UNIVERSAL),
+      m_nErrorCode(0),
+      m_ucConstructed(0) {}
+
+ASN1Object::~ASN1Object() = default;
+
+void ASN1Object::setErrorMessage(const char* szFile, int nLine, const char* szClass, const char* szMethod,
+                                 const char* szField, int nCode, const char* szMessage) {
+  const std::size_t messageLen = szMessage ? std::strlen(szMessage) : 0;
+  ByteString head;
+  head.format(messageLen ? "[%s:%d]%s::%s-%s(%d), " : "[%s:%d]%s::%s-%s(%d)", BaseName(szFile), nLine,
+              szClass ? szClass : "", szMethod ? szMethod : "", szField ? szField : "", nCode);
+  // The writer copies the message before the old trace (which it may point
+  // into) is replaced.
+  ByteWriter w;
+  w.reserve(static_cast<std::size_t>(head.length()) + messageLen);
+  w.bytes(head);
+  if (messageLen) w.bytes(szMessage, messageLen);
+  w.finish(&m_bsErrorMsg);
+}
+
+int ASN1Object::fail(const char* szFile, int nLine, const char* szClass, const char* szMethod, const char* szField,
+                     int nCode, const char* szMessage) {
+  m_nErrorCode = nCode;
+  setErrorMessage(szFile, nLine, szClass, szMethod, szField, nCode, szMessage);
+  return nCode;
+}
+
+int ASN1Object::failChained(const char* szFile, int nLine, const char* szClass, const char* szMethod,
+                            const char* szField, int nCode) {
+  return fail(szFile, nLine, szClass, szMethod, szField, nCode, m_bsErrorMsg.c_str());
+}
+
+int ASN1Object::putLength(unsigned char* out, std::uint32_t nLength) {
+  if (nLength < 0x80) {
+    out[0] = static_cast<unsigned char>(nLength);
+    return 1;
+  }
+  int digits = 0;
+  for (std::uint32_t v = nLength; v; v >>= 8) ++digits;
+  out[0] = static_cast<unsigned char>(0x80 | digits);
+  for (int i = 0; i < digits; ++i) out[1 + i] = static_cast<unsigned char>(nLength >> (8 * (digits - 1 - i)));
+  return digits + 1;
+}
+
+ByteString& ASN1Object::toASN1Object() {
+  static const char kMethod[] = "toASN1Object";
+  m_nErrorCode = 0;
+  m_bsEncoded.clear();
+
+  // Inner header: identifier (absent for an implicit tag or an untyped
+  // holder) and the length octets of the value.
+  unsigned char inner[8];
+  int innerHeader = 0;
+  if (m_ucPrimitiveTag == ASN1_TAG_NONE) {
+    if (m_ucTaggedType != ASN1_EXPLICIT || m_nOptionTagNo < 0) {
+      ASN1_FAIL(kClass, kMethod, "m_ucTaggedType", 1, kFormatError);
+      return m_bsEncoded;
+    }
+  } else if (m_ucTaggedType != ASN1_IMPLICIT) {
+    const bool constructed = IsConstructedUniversal(m_ucPrimitiveTag) || m_ucConstructed == ASN1_CONSTRUCTED;
+    inner[innerHeader++] = static_cast<unsigned char>(m_ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
+  }
+  const std::uint32_t valueLen = static_cast<std::uint32_t>(m_bsValue.length());
+  innerHeader += putLength(inner + innerHeader, valueLen);
+  const std::uint64_t innerLen = static_cast<std::uint64_t>(innerHeader) + valueLen;
+
+  // Outer header: the tag's identifier and, when explicit, the length of the inner part.
+  unsigned char outer[16];
+  int outerHeader = 0;
+  if (m_ucTaggedType != ASN1_UNTAGGED) {
+    if (m_nOptionTagNo < 0) {
+      ASN1_FAIL(kClass, kMethod, "m_nOptionTagNo", 2, kFormatError);
+      return m_bsEncoded;
+    }
+    if (m_nOptionTagNo <= 30) {
+      unsigned char id = static_cast<unsigned char>(m_ucTagClass | m_nOptionTagNo);
+      if (m_ucTaggedType == ASN1_IMPLICIT && IsConstructedUniversal(m_ucPrimitiveTag)) id |= ASN1_CONSTRUCTED;
+      outer[outerHeader++] = id;
+    } else {
+      outer[outerHeader++] = static_cast<unsigned char>(m_ucTagClass | 0x1F);
+      outerHeader += putBase128(outer + outerHeader, static_cast<std::uint32_t>(m_nOptionTagNo));
+    }
+    if (m_ucTaggedType == ASN1_EXPLICIT) {
+      if (innerLen > 0xFFFFFFFFu) {
+        ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+        return m_bsEncoded;
+      }
+      outerHeader += putLength(outer + outerHeader, static_cast<std::uint32_t>(innerLen));
+    }
+  }
+
+  // One allocation for the whole encoding; a ByteString holds at most INT32_MAX octets.
+  const std::uint64_t total = innerLen + static_cast<std::uint64_t>(outerHeader);
+  ByteWriter w;
+  if (total > static_cast<std::uint64_t>(INT32_MAX)) {
+    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+    return m_bsEncoded;
+  }
+  w.reserve(static_cast<std::size_t>(total));
+  w.bytes(outer, static_cast<std::size_t>(outerHeader))
+      .bytes(inner, static_cast<std::size_t>(innerHeader))
+      .bytes(m_bsValue);
+  if (w.finish(&m_bsEncoded) != BS_OK) {
+    m_bsEncoded.clear();
+    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+  }
+  return m_bsEncoded;
+}
+
+int ASN1Object::checkASN1Member(unsigned char b, unsigned char* pucTag, unsigned char* pucTaggedType, int* pnTagNo,
+                                unsigned char* pucTagClass) {
+  if (pucTagClass) *pucTagClass = static_cast<unsigned char>(b & 0xE0);
+  if (b & 0xC0) {
+    unsigned char tagged;
+    if ((b & 0x1F) == 0x1F) {
+      tagged = ASN1_HIGHTAG;
+    } else {
+      // A constructed tagged element is taken as explicit, a primitive one as implicit.
+      tagged = (b & ASN1_CONSTRUCTED) ? ASN1_EXPLICIT : ASN1_IMPLICIT;
+      if (pnTagNo) *pnTagNo = b & 0x1F;
+    }
+    if (pucTaggedType) *pucTaggedType = tagged;
+    return 0;
+  }
+  const unsigned char tag = static_cast<unsigned char>(b & 0x1F);
+  if (pucTaggedType) *pucTaggedType = ASN1_UNTAGGED;
+  if (pucTag) *pucTag = tag;
+  if ((tag >= 13 && tag <= 15) || tag == 29 || tag == 31) {
+    ByteString message;
+    message.format("Tag(%d) is not ASN1 Member", tag);
+    return ASN1_FAIL(kClass, "checkASN1Member", "CheckASN1Member", 1, message.c_str());
+  }
+  return 0;
+}
+
+int ASN1Object::GetHighTag(const unsigned char* p, int nAvail, int* pnTagNo, bool bSkipFirst) {
+  m_nErrorCode = 0;
+  std::uint32_t value = 0;
+  int used = bSkipFirst ? 1 : 0;
+  for (;;) {
+    if (used >= qva_limits::kMaxTagOctets) {
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, "Too Long(>4)");
+      return 0;
+    }
+    // A tag number cut off by the end of the data is refused, never read past.
+    if (!p || used >= nAvail) {
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, kLengthError);
+      return 0;
+    }
+    const unsigned char octet = p[used++];
+    value = (value << 7) | (octet & 0x7F);
+    if (!(octet & 0x80)) break;
+  }
+  if (pnTagNo) *pnTagNo = static_cast<int>(value);
+  return used;
+}
+
+int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* pnLength) {
+  return findIndefiniteLengEnd(p, nAvail, pnLength, 1);
+}
+
+int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* pnLength, int nDepth) {
+  static const char kMethod[] = "findIndefiniteLengEnd";
+  // Each nested indefinite length costs a stack frame: hostile input could
+  // otherwise nest them until the stack runs out.
+  if (nDepth > qva_limits::kMaxIndefiniteDepth || !p || nAvail < 0)
+    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+  ByteReader r(p, static_cast<std::size_t>(nAvail));
+  for (;;) {
+    const unsigned char* here = r.data();
+    if (r.remaining() >= 2 && here[0] == 0 && here[1] == 0) {
+      *pnLength = static_cast<int>(here - p);
+      return 0;
+    }
+    std::uint8_t id = 0;
+    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    unsigned char tagged = 0;
+    if (checkASN1Member(id, nullptr, &tagged, nullptr, nullptr) != 0)
+      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1);
+    if (tagged == ASN1_HIGHTAG) {
+      const int used = GetHighTag(here, static_cast<int>(r.remaining()) + 1, nullptr, true);
+      if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 2);
+      r.skip(static_cast<std::size_t>(used - 1));
+    }
+    std::uint8_t first = 0;
+    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    std::uint32_t len = first;
+    if (first == 0x80) {
+      int inner = 0;
+      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
+        return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 3);
+      len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
+    } else if (first > 0x80) {
+      len = 0;
+      for (int i = first - 0x80; i > 0; --i) {
+        std::uint8_t digit = 0;
+        if (r.readU8(&digit) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+        if (len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
+          return ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError);
+        len = (len << 8) | digit;
+      }
+    }
+    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+  }
+}
+
+int ASN1Object::fromASN1Object(const ByteString& bsData) {
+  static const char kMethod[] = "fromASN1Object";
+  m_nErrorCode = 0;
+  if (bsData.isEmpty()) return ASN1_FAIL(kClass, kMethod, "baData", 1, "The bsData is NULL pointer.");
+  const unsigned char* d = bsData.data();
+  const int n = bsData.length();
+  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, kLengthError);
+
+  m_ucConstructed = 0;
+  if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0)
+    return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 2);
+  ByteReader r(d, static_cast<std::size_t>(n));
+  r.skip(1);
+  if (m_ucTaggedType == ASN1_HIGHTAG) {
+    const int used = GetHighTag(d, n, &m_nOptionTagNo, true);
+    if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 3);
+    r.skip(static_cast<std::size_t>(used - 1));
+    m_ucTaggedType = d[0] == 0xBF ? ASN1_EXPLICIT : ASN1_IMPLICIT;
+  }
+
+  // Reads the length octets at r and checks that the contents lie within the
+  // input. The checks compare with what is left of the input, so an element
+  // that runs past the data is refused whatever its identifier's size.
+  auto readLength = [&](const LengthCodes& codes, std::uint32_t* pLen) -> int {
+    std::uint8_t first = 0;
+    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
+    if (first < 0x80) {
+      *pLen = first;
+      if (r.remaining() < first) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
+      return 0;
+    }
+    if (first == 0x80) {
+      int len = 0;
+      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &len) != 0)
+        return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
+      if (r.remaining() < static_cast<std::size_t>(len) + 2)
+        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, kLengthError);
+      *pLen = static_cast<std::uint32_t>(len);
+      return 0;
+    }
+    std::uint32_t len = 0;
+    for (int i = first - 0x80; i > 0; --i) {
+      std::uint8_t digit = 0;
+      // A length that does not fit a signed 32-bit accumulator cannot lie within the input.
+      if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
+        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+      len = (len << 8) | digit;
+    }
+    if (r.remaining() < len) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+    *pLen = len;
+    return 0;
+  };
+
+  unsigned char id = d[0];
+  if (m_ucTaggedType == ASN1_EXPLICIT) {
+    std::uint32_t outerLen = 0;
+    if (const int rc = readLength(kOuterCodes, &outerLen)) return rc;
+    if (outerLen == 0) {
+      m_bsValue.setData(d, 0);
+      return 0;
+    }
+    const unsigned char* innerStart = r.data();
+    unsigned char innerTag = 0, innerTagged = 0;
+    if (checkASN1Member(innerStart[0], &innerTag, &innerTagged, nullptr, nullptr) != 0)
+      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 8);
+    if (innerTagged != ASN1_UNTAGGED) {
+      // A tagged element inside an explicit tag is kept whole.
+      m_bsValue.setData(innerStart, static_cast<int>(outerLen));
+      return 0;
+    }
+    if (m_ucPrimitiveTag == ASN1_TAG_NONE) m_ucPrimitiveTag = innerTag;
+    id = innerStart[0];
+    r.skip(1);
+  }
+  m_ucConstructed = static_cast<unsigned char>(id & ASN1_CONSTRUCTED);
+  std::uint32_t len = 0;
+  if (const int rc = readLength(kInnerCodes, &len)) return rc;
+  if (m_bsValue.setData(r.data(), static_cast<int>(len)) != BS_OK)
+    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+  return 0;
+}
+
+int ASN1Object::decodeTyped(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
+                            unsigned char ucTag, const char* szTagFormat) {
+  if (ASN1Object::fromASN1Object(bsData) != 0)
+    return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", 1);
+  // An implicit tag hides the type: the class's own tag is assumed.
+  if (m_ucTaggedType == ASN1_IMPLICIT) {
+    m_ucPrimitiveTag = ucTag;
+  } else if (m_ucPrimitiveTag != ucTag) {
+    ByteString message;
+    message.format(szTagFormat, m_ucPrimitiveTag);
+    return fail(szFile, nLine, szClass, "fromASN1Object", "m_ucPrimitiveTag", 2, message.c_str());
+  }
+  return 0;
+}
+
+int ASN1Object::setValue(const ByteString& bsValue) { return setValue(bsValue.data(), bsValue.length()); }
+
+int ASN1Object::setValue(const char* szText) {
+  return setValue(szText, szText ? static_cast<int>(std::strlen(szText)) : 0);
+}
+
+int ASN1Object::setValue(const void* pData, int nLength) {
+  if (!pData || nLength < 0) nLength = 0;
+  const unsigned char* p = pData ? static_cast<const unsigned char*>(pData) : reinterpret_cast<const unsigned char*>("");
+  if (const int rc = checkValue(p, nLength)) return rc;
+  if (m_bsValue.setData(p, nLength) != BS_OK)
+    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, "Memory Allocation Error");
+  return afterSetValue();
+}
+
+int ASN1Object::checkValue(const unsigned char*, int) { return 0; }
+
+int ASN1Object::afterSetValue() { return 0; }
+
+int ASN1Object::checkCharacters(const unsigned char* p, int n, bool (*pAccept)(unsigned char), const char* szClass,
+                                const char* szFormat) {
+  for (int i = 0; i < n; ++i) {
+    if (!pAccept(p[i])) {
+      ByteString message;
+      message.format(szFormat, p[i]);
+      return fail(__FILE__, __LINE__, szClass, "setValue", "data", 1, message.c_str());
+    }
+  }
+  return 0;
+}
+
+void ASN1Object::setImplicitTag(int nTagNo, unsigned char ucClass) {
+  m_ucTaggedType = ASN1_IMPLICIT;
+  m_ucTagClass = ucClass;
+  m_nOptionTagNo = nTagNo;
+}
+
+int ASN1Object::setExplicitTag(int nTagNo, unsigned char ucClass) {
+  m_ucTaggedType = ASN1_EXPLICIT;
+  m_ucTagClass = static_cast<unsigned char>(ucClass | ASN1_CONSTRUCTED);
+  m_nOptionTagNo = nTagNo;
+  return nTagNo;
+}

@@ -1,0 +1,92 @@
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include "base/ByteReader.h"
+
+namespace {
+
+const char kClass[] = "ASN1ObjectIdentifier";
+constexpr int kMaxArcs = 19;
+constexpr int kMaxSubIdentifiers = 19;
+// Largest arc that getOID can read back: four base-128 octets.
+constexpr std::uint64_t kMaxArc = 0x0FFFFFFF;
+// Longest input echoed in a message, so the message always fits.
+constexpr int kMaxEcho = 1024;
+
+}  // namespace
+
+ASN1ObjectIdentifier::ASN1ObjectIdentifier() { m_ucPrimitiveTag = ASN1_TAG_OID; }
+
+int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_OID, "TagType(%d) is not ASN1_TAG_OID");
+}
+
+int ASN1ObjectIdentifier::setOID(const char* szText) {
+  return setOID(szText, szText ? static_cast<int>(std::strlen(szText)) : 0);
+}
+
+int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
+  if (!szText || nLength < 0) nLength = 0;
+  std::uint32_t arcs[kMaxArcs];
+  int count = 0;
+  bool tooLarge = false;
+  for (int i = 0; i < nLength;) {
+    if (szText[i] < '0' || szText[i] > '9') {
+      ++i;
+      continue;
+    }
+    std::uint64_t arc = 0;
+    for (; i < nLength && szText[i] >= '0' && szText[i] <= '9'; ++i) {
+      arc = arc * 10 + static_cast<unsigned>(szText[i] - '0');
+      if (arc > kMaxArc) {
+        tooLarge = true;
+        arc = kMaxArc;
+      }
+    }
+    if (count < kMaxArcs) arcs[count] = static_cast<std::uint32_t>(arc);
+    ++count;
+  }
+  if (count > kMaxArcs || count < 2 || tooLarge) {
+    ByteString message;
+    message.format("Value(%.*s) is not ASN1 OID Format", nLength < kMaxEcho ? nLength : kMaxEcho,
+                   szText ? szText : "");
+    return ASN1_FAIL(kClass, "setOID", "nOID", count < 2 ? 2 : 1, message.c_str());
+  }
+  unsigned char out[1 + (kMaxArcs - 2) * 5];
+  // The first two arcs share one octet (arcs below 2.176 only).
+  out[0] = static_cast<unsigned char>(40 * arcs[0] + arcs[1]);
+  int n = 1;
+  for (int i = 2; i < count; ++i) n += putBase128(out + n, arcs[i]);
+  m_bsValue.setData(out, n);
+  return 0;
+}
+
+ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
+  const unsigned char* p = m_bsValue.data();
+  const int n = m_bsValue.length();
+  if (n == 0) {
+    ASN1_FAIL(kClass, "getOID", "nOID", 2, "ASN1 OID Format Error");
+    return ByteString();
+  }
+  char text[kMaxSubIdentifiers * 12 + 16];
+  int used = 0;
+  int count = 0;
+  for (int pos = 0; pos < n; ++count) {
+    int sub = 0;
+    const int octets = count < kMaxSubIdentifiers ? GetHighTag(p + pos, n - pos, &sub, false) : 0;
+    if (!octets) {
+      ASN1_FAIL(kClass, "getOID", "nOID", 1, "ASN1 OID Format Error");
+      return ByteString();
+    }
+    pos += octets;
+    // The first sub-identifier always splits by 40.
+    const int written = count == 0 ? std::snprintf(text + used, sizeof text - used, "%d%c%d", sub / 40, cSeparator,
+                                                   sub % 40)
+                                   : std::snprintf(text + used, sizeof text - used, "%c%d", cSeparator, sub);
+    used += written;
+  }
+  return ByteString(text, used);
+}

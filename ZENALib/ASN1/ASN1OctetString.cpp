@@ -1,0 +1,7 @@
+#include "ZENALib/ASN1/ASN1OctetString.h"
+
+ASN1OctetString::ASN1OctetString() { m_ucPrimitiveTag = ASN1_TAG_OCTETSTRING; }
+
+int ASN1OctetString::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1OctetString", ASN1_TAG_OCTETSTRING, "TagType(%d)is not ASN1_TAG_OCTETSTRING");
+}

@@ -1,0 +1,23 @@
+#include "ZENALib/ASN1/ASN1PrintableString.h"
+
+#include <cstring>
+
+namespace {
+
+bool Accept(unsigned char c) {
+  if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) return true;
+  return c != 0 && std::strchr(" '()+,-./:=?", c) != nullptr;
+}
+
+}  // namespace
+
+ASN1PrintableString::ASN1PrintableString() { m_ucPrimitiveTag = ASN1_TAG_PRINTABLESTRING; }
+
+int ASN1PrintableString::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1PrintableString", ASN1_TAG_PRINTABLESTRING, "TagType(%d)is not ASN1_TAG_PRINTABLESTRING");
+}
+
+int ASN1PrintableString::checkValue(const unsigned char* p, int n) {
+  // The check is recorded under the class name "ASN1IA5String", as the library has always done.
+  return checkCharacters(p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1PrintableString");
+}

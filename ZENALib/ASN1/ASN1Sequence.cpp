@@ -1,0 +1,224 @@
+#include "ZENALib/ASN1/ASN1Sequence.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "base/ByteReader.h"
+
+namespace {
+
+const char kClass[] = "ASN1Sequence";
+const char kLengthError[] = "ASN1 Format(Length) Error";
+constexpr int kGrowBy = 20;
+
+}  // namespace
+
+ASN1Sequence::ASN1Sequence() : ASN1Sequence(ASN1_TAG_SEQUENCE) {}
+
+ASN1Sequence::ASN1Sequence(unsigned char ucTag) : m_nComponentCount(0), m_nComponentCapacity(0) {
+  m_ucPrimitiveTag = ucTag;
+}
+
+ASN1Sequence::~ASN1Sequence() = default;
+
+ASN1Sequence::ASN1Sequence(const ASN1Sequence& other)
+    : ASN1Object(other), m_nComponentCount(0), m_nComponentCapacity(0) {
+  if (other.m_nComponentCount > 0) {
+    pComponentInfo.reset(new (std::nothrow) ComponentInfo[other.m_nComponentCapacity]());
+    if (pComponentInfo) {
+      std::copy(other.pComponentInfo.get(), other.pComponentInfo.get() + other.m_nComponentCount,
+                pComponentInfo.get());
+      m_nComponentCount = other.m_nComponentCount;
+      m_nComponentCapacity = other.m_nComponentCapacity;
+    }
+  }
+}
+
+ASN1Sequence& ASN1Sequence::operator=(const ASN1Sequence& other) {
+  if (this != &other) {
+    ASN1Sequence copy(other);
+    *this = std::move(copy);
+  }
+  return *this;
+}
+
+ASN1Sequence::ASN1Sequence(ASN1Sequence&& other) noexcept
+    : ASN1Object(std::move(other)),
+      m_nComponentCount(other.m_nComponentCount),
+      m_nComponentCapacity(other.m_nComponentCapacity),
+      pComponentInfo(std::move(other.pComponentInfo)) {
+  other.m_nComponentCount = 0;
+  other.m_nComponentCapacity = 0;
+}
+
+ASN1Sequence& ASN1Sequence::operator=(ASN1Sequence&& other) noexcept {
+  if (this != &other) {
+    ASN1Object::operator=(std::move(other));
+    m_nComponentCount = other.m_nComponentCount;
+    m_nComponentCapacity = other.m_nComponentCapacity;
+    pComponentInfo = std::move(other.pComponentInfo);
+    other.m_nComponentCount = 0;
+    other.m_nComponentCapacity = 0;
+  }
+  return *this;
+}
+
+int ASN1Sequence::fromASN1Object(const ByteString& bsData) {
+  return decodeConstructed(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_SEQUENCE,
+                           "TagType(%d)is not ASN1_TAG_SEQUENCE");
+}
+
+int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
+                                    unsigned char ucTag, const char* szTagFormat) {
+  m_nComponentCount = 0;
+  if (const int rc = decodeTyped(szFile, nLine, bsData, szClass, ucTag, szTagFormat)) return rc;
+  if (ExtractComponentInfo() != 0) return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", 3);
+  return 0;
+}
+
+int ASN1Sequence::ReallocCompontntInfo() {
+  if (m_nComponentCapacity > INT32_MAX - kGrowBy)
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+  const int capacity = m_nComponentCapacity + kGrowBy;
+  std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
+  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+  // Every old entry moves over: a walk in progress fills entries ahead of the published count.
+  if (m_nComponentCapacity > 0)
+    std::copy(pComponentInfo.get(), pComponentInfo.get() + m_nComponentCapacity, table.get());
+  pComponentInfo = std::move(table);
+  m_nComponentCapacity = capacity;
+  return 0;
+}
+
+int ASN1Sequence::ExtractComponentInfo() {
+  static const char kMethod[] = "ExtractComponentInfo";
+  m_nComponentCount = 0;
+  const unsigned char* const p = m_bsValue.data();
+  const int n = m_bsValue.length();
+  ByteReader r(p, static_cast<std::size_t>(n));
+  int count = 0;
+  // The table is published only when the whole value has been walked.
+  auto failWalk = [&](int rc) {
+    m_nComponentCount = 0;
+    return rc;
+  };
+  while (!r.empty()) {
+    const unsigned char* const start = r.data();
+    std::uint8_t id = 0;
+    r.readU8(&id);
+    unsigned char tag = 0, tagged = 0;
+    int tagNo = 0;
+    if (checkASN1Member(id, &tag, &tagged, &tagNo, nullptr) != 0)
+      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1));
+    if (count == m_nComponentCapacity && ReallocCompontntInfo() != 0)
+      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 2));
+    if (tagged == ASN1_HIGHTAG) {
+      const int used = GetHighTag(start, static_cast<int>(r.remaining()) + 1, &tagNo, true);
+      if (!used) return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 3));
+      r.skip(static_cast<std::size_t>(used - 1));
+    }
+    ComponentInfo& entry = pComponentInfo[count];
+    entry.nOffset = static_cast<int>(start - p);
+    entry.nTagKey = tagged == ASN1_UNTAGGED ? -static_cast<int>(tag) : tagNo;
+
+    std::uint8_t first = 0;
+    if (r.readU8(&first) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+    std::uint32_t len = first;
+    if (first == 0x80) {
+      int inner = 0;
+      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
+        return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 5));
+      len = static_cast<std::uint32_t>(inner) + 2;
+    } else if (first > 0x80) {
+      len = 0;
+      for (int i = first - 0x80; i > 0; --i) {
+        std::uint8_t digit = 0;
+        if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
+          return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+        len = (len << 8) | digit;
+      }
+    }
+    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+    ++count;
+  }
+  for (int i = 0; i < count; ++i) {
+    const int end = i + 1 < count ? pComponentInfo[i + 1].nOffset : n;
+    pComponentInfo[i].nLength = end - pComponentInfo[i].nOffset;
+  }
+  m_nComponentCount = count;
+  return 0;
+}
+
+int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
+  static const char kMethod[] = "addComponent";
+  // An empty component is what a failed member encoding returns: refusing it
+  // keeps the table in step with the value.
+  if (bsComponent.length() == 0) return ASN1_FAIL(kClass, kMethod, "bsComponent", 1, "ASN1 Format Error");
+  if (m_nComponentCount == m_nComponentCapacity && ReallocCompontntInfo() != 0)
+    return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 1);
+  const int offset = m_bsValue.length();
+  if (m_bsValue.append(bsComponent.data(), bsComponent.length()) != BS_OK)
+    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+  pComponentInfo[m_nComponentCount] = ComponentInfo{offset, bsComponent.length(), nTagKey};
+  ++m_nComponentCount;
+  return 0;
+}
+
+int ASN1Sequence::addComponent(const ByteString& bsComponent) {
+  if (bsComponent.length() == 0) return addComponent(bsComponent, 0);
+  unsigned char tag = 0, tagged = 0;
+  int tagNo = 0;
+  if (checkASN1Member(bsComponent.data()[0], &tag, &tagged, &tagNo, nullptr) != 0)
+    return ASN1_FAIL_CHAINED(kClass, "addComponent", "checkASN1Member", 1);
+  if (tagged == ASN1_HIGHTAG && !GetHighTag(bsComponent.data(), bsComponent.length(), &tagNo, true))
+    return ASN1_FAIL_CHAINED(kClass, "addComponent", "GetHighTag", 1);
+  return addComponent(bsComponent, tagged == ASN1_UNTAGGED ? -static_cast<int>(tag) : tagNo);
+}
+
+const ASN1Sequence::ComponentInfo* ASN1Sequence::getComponentInfo(int nIndex) const {
+  if (nIndex < 0 || nIndex >= m_nComponentCount) return nullptr;
+  return &pComponentInfo[nIndex];
+}
+
+ByteString& ASN1Sequence::getComponent(int nIndex) {
+  const ComponentInfo* info = getComponentInfo(nIndex);
+  if (!info) {
+    m_nErrorCode = 1;
+    m_bsEncoded.clear();
+    return m_bsEncoded;
+  }
+  m_bsEncoded.setData(m_bsValue.data() + info->nOffset, info->nLength);
+  return m_bsEncoded;
+}
+
+int ASN1Sequence::getComponentBytes(int nIndex, const unsigned char** ppData, int* pnLength) const {
+  const ComponentInfo* info = getComponentInfo(nIndex);
+  if (!info) return 1;
+  if (ppData) *ppData = m_bsValue.data() + info->nOffset;
+  if (pnLength) *pnLength = info->nLength;
+  return 0;
+}
+
+int ASN1Sequence::getComponentOptionTagNo(int nIndex) const {
+  const ComponentInfo* info = getComponentInfo(nIndex);
+  return info ? info->nTagKey : -1;
+}
+
+int ASN1Sequence::getComponentTag(int nIndex) const {
+  const ComponentInfo* info = getComponentInfo(nIndex);
+  if (!info) return -1;
+  // The key of a universal tag 0 equals that of a [0] member; the identifier
+  // octet itself tells them apart.
+  const unsigned char id = m_bsValue.data()[info->nOffset];
+  if (id & 0xC0) return -2;
+  return -info->nTagKey;
+}
+
+void ASN1Sequence::removeAllComponents() {
+  m_bsValue.clear();
+  m_nComponentCount = 0;
+}
+
+int ASN1Sequence::afterSetValue() { return ExtractComponentInfo(); }

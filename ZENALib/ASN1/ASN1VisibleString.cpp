@@ -1,0 +1,23 @@
+#include "ZENALib/ASN1/ASN1VisibleString.h"
+
+#include <cstring>
+
+namespace {
+
+// Letters, digits, space and punctuation, except # $ [ ] ` { }.
+bool Accept(unsigned char c) {
+  if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) return true;
+  return c != 0 && std::strchr(" !\"%&'()*+,-./:;<=>?@\\^_|~", c) != nullptr;
+}
+
+}  // namespace
+
+ASN1VisibleString::ASN1VisibleString() { m_ucPrimitiveTag = ASN1_TAG_VISIBLESTRING; }
+
+int ASN1VisibleString::fromASN1Object(const ByteString& bsData) {
+  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1VisibleString", ASN1_TAG_VISIBLESTRING, "Tag(%0x2d) is not ASN1_TAG_VISIBLESTRING");
+}
+
+int ASN1VisibleString::checkValue(const unsigned char* p, int n) {
+  return checkCharacters(p, n, Accept, "ASN1VisibleString", "Char (%0x2d)does not in ASN1_TAG_VISIBLESTRING");
+}
