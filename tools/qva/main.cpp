@@ -3,6 +3,8 @@
 //   qva base64 encode|decode IN OUT
 //   qva pem encode|decode TYPE IN OUT     (TYPE: a number 1-9 or a label word)
 //   qva hex IN                            (upper-case hex dump, 16 bytes a line)
+//   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
+//   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,13 +15,18 @@
 #include "base/ByteString.h"
 #include "base/QSBase.h"
 
+// client.cpp: the verify and register commands.
+int RunClientCommand(int argc, char** argv);
+
 namespace {
 
 int Usage() {
   std::fputs(
       "usage: qva base64 encode|decode IN OUT\n"
       "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
-      "       qva hex IN\n",
+      "       qva hex IN\n"
+      "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
+      "       qva register HOST PORT ROAMINGID FILE\n",
       stderr);
   return 2;
 }
@@ -61,6 +68,7 @@ int Fail(const char* what, int code) {
 int main(int argc, char** argv) {
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
+  if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
