@@ -54,8 +54,26 @@ int CipherKeyLength(int nAlgID);  // 0 for the variable key length of RC2
 int CipherBlockLength(int nAlgID);
 int RC2EffectiveBits(int nAlgID);
 
-// A parsed public key (OpenSSL) or KCDSA key.
+}  // namespace ecsp_internal
+
+// A parsed public key: an OpenSSL key, or a KCDSA key of our own.
+struct ECSP_PKEY {
+  EVP_PKEY* pEvp = nullptr;
+  KCDSA_KEY* pKcdsa = nullptr;
+  bool bPrivate = false;
+};
+
+namespace ecsp_internal {
+
 void FreePKey(ECSP_PKEY* p);
+bool IsRsaCipher(int nAlgID);
+// Parses the key bytes for a public-key code into *ppKey (size and type
+// checked against the code).
+int ParsePKey(int nAlgID, const unsigned char* p, int n, ECSP_PKEY** ppKey);
+int RsaEncrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int nInLen, unsigned char* pOut,
+               int* pnOutLen);
+int RsaDecrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int nInLen, unsigned char* pOut,
+               int* pnOutLen);
 // Parses DER key bytes: a private key first (PKCS#8 or traditional), then a
 // public key (SubjectPublicKeyInfo, then PKCS#1 RSAPublicKey).
 EVP_PKEY* ParseKey(const unsigned char* p, int n, bool* pbPrivate);
