@@ -16,5 +16,5 @@ int ASN1IA5String::fromASN1Object(const ByteString& bsData) {
 }
 
 int ASN1IA5String::checkValue(const unsigned char* p, int n) {
-  return checkCharacters(p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1IA5String");
+  return checkCharacters(__FILE__, __LINE__, p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1IA5String");
 }

@@ -16,5 +16,5 @@ int ASN1NumericString::fromASN1Object(const ByteString& bsData) {
 
 int ASN1NumericString::checkValue(const unsigned char* p, int n) {
   // The check is recorded under the class name "ASN1IA5String", as the library has always done.
-  return checkCharacters(p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1NumericString");
+  return checkCharacters(__FILE__, __LINE__, p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1NumericString");
 }

@@ -378,13 +378,13 @@ int ASN1Object::checkValue(const unsigned char*, int) { return 0; }
 
 int ASN1Object::afterSetValue() { return 0; }
 
-int ASN1Object::checkCharacters(const unsigned char* p, int n, bool (*pAccept)(unsigned char), const char* szClass,
-                                const char* szFormat) {
+int ASN1Object::checkCharacters(const char* szFile, int nLine, const unsigned char* p, int n,
+                                bool (*pAccept)(unsigned char), const char* szClass, const char* szFormat) {
   for (int i = 0; i < n; ++i) {
     if (!pAccept(p[i])) {
       ByteString message;
       message.format(szFormat, p[i]);
-      return fail(__FILE__, __LINE__, szClass, "setValue", "data", 1, message.c_str());
+      return fail(szFile, nLine, szClass, "setValue", "data", 1, message.c_str());
     }
   }
   return 0;

@@ -130,8 +130,9 @@ class ASN1Object {
                   const char* szTagFormat);
   // Character check of the restricted string types: the first octet that
   // pAccept refuses fails with code 1, field "data", szFormat filled with it.
-  int checkCharacters(const unsigned char* p, int n, bool (*pAccept)(unsigned char), const char* szClass,
-                      const char* szFormat);
+  // szFile and nLine name the caller's position in the trace.
+  int checkCharacters(const char* szFile, int nLine, const unsigned char* p, int n, bool (*pAccept)(unsigned char),
+                      const char* szClass, const char* szFormat);
   // Value check run by every setValue before the value is stored; 0 accepts.
   virtual int checkValue(const unsigned char* p, int n);
   // Runs after a value was stored by setValue (sequences rebuild their table).

@@ -19,5 +19,5 @@ int ASN1PrintableString::fromASN1Object(const ByteString& bsData) {
 
 int ASN1PrintableString::checkValue(const unsigned char* p, int n) {
   // The check is recorded under the class name "ASN1IA5String", as the library has always done.
-  return checkCharacters(p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1PrintableString");
+  return checkCharacters(__FILE__, __LINE__, p, n, Accept, "ASN1IA5String", "Value(%x)is not ASN1PrintableString");
 }

@@ -19,5 +19,5 @@ int ASN1VisibleString::fromASN1Object(const ByteString& bsData) {
 }
 
 int ASN1VisibleString::checkValue(const unsigned char* p, int n) {
-  return checkCharacters(p, n, Accept, "ASN1VisibleString", "Char (%0x2d)does not in ASN1_TAG_VISIBLESTRING");
+  return checkCharacters(__FILE__, __LINE__, p, n, Accept, "ASN1VisibleString", "Char (%0x2d)does not in ASN1_TAG_VISIBLESTRING");
 }
