@@ -1,0 +1,13 @@
+// Attribute ::= SEQUENCE { type   AttributeType,
+//                          values SET OF AttributeValue }   (RFC 5280 4.1.2.4, RFC 5652 5.3)
+#pragma once
+
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAttributeValues.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RAttribute : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1ObjectIdentifier, Type, type)
+  R_COMPONENT(RAttributeValues, Values, values)
+};

@@ -1,0 +1,24 @@
+// CertificateList ::= SEQUENCE { tbsCertList        TBSCertList,
+//                                signatureAlgorithm AlgorithmIdentifier,
+//                                signatureValue     BIT STRING }   (RFC 5280 5.1)
+// The signature member is named as in RCertificate.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1BitString.h"
+#include "ZENALib/ASN1Pkix/RTBSCertList.h"
+
+class RCertificateList : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(RTBSCertList, TbsCertList, tbsCertList)
+  R_COMPONENT(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm)
+  R_COMPONENT(ASN1BitString, Signature, signature)
+
+ public:
+  int fromASN1Object(const ByteString& bsData) override;
+  // The tbsCertList exactly as received: the signature is checked over
+  // these bytes, never over a re-encoding.
+  const ByteString& getRawTBSCertList() const { return m_bsRawTBSCertList; }
+
+ private:
+  ByteString m_bsRawTBSCertList;
+};

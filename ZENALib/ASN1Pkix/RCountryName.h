@@ -1,0 +1,19 @@
+// CountryName ::= [APPLICATION 1] CHOICE {             (RFC 5280 appendix A.1)
+//   x121-dcc-code        NumericString (SIZE (3)),
+//   iso-3166-alpha2-code PrintableString (SIZE (2)) }
+// The [APPLICATION 1] tag belongs to the type, so the object carries it
+// from construction and the choice engine unwraps and wraps it.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1NumericString.h"
+#include "ZENALib/ASN1/ASN1PrintableString.h"
+#include "ZENALib/ASN1Pkix/RChoice.h"
+
+class RCountryName : public RChoice {
+  R_DECLARE_SCHEMA()
+  R_ALTERNATIVE(ASN1NumericString, X121DccCode, x121_dcc_code)
+  R_ALTERNATIVE(ASN1PrintableString, Iso3166Alpha2Code, iso_3166_alpha2_code)
+
+ public:
+  RCountryName() { setExplicitTag(1, ASN1_CLASS_APPLICATION); }
+};

@@ -1,0 +1,14 @@
+// EDIPartyName ::= SEQUENCE {                          (RFC 5280 4.2.1.6)
+//   nameAssigner [0] DirectoryString OPTIONAL,
+//   partyName    [1] DirectoryString }
+// DirectoryString is a CHOICE, so both tags are explicit.
+#pragma once
+
+#include "ZENALib/ASN1Pkix/RDirectoryString.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class REDIPartyName : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(RDirectoryString, NameAssigner, nameAssigner)
+  R_COMPONENT(RDirectoryString, PartyName, partyName)
+};

@@ -1,0 +1,34 @@
+// GeneralName ::= CHOICE {                             (RFC 5280 4.2.1.6)
+//   otherName                 [0] AnotherName,
+//   rfc822Name                [1] IA5String,
+//   dNSName                   [2] IA5String,
+//   x400Address               [3] ORAddress,
+//   directoryName             [4] Name,
+//   ediPartyName              [5] EDIPartyName,
+//   uniformResourceIdentifier [6] IA5String,
+//   iPAddress                 [7] OCTET STRING,
+//   registeredID              [8] OBJECT IDENTIFIER }
+// The module is implicitly tagged; Name is a CHOICE, so [4] is explicit.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1IA5String.h"
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1Pkix/RAnotherName.h"
+#include "ZENALib/ASN1Pkix/RChoice.h"
+#include "ZENALib/ASN1Pkix/REDIPartyName.h"
+#include "ZENALib/ASN1Pkix/RORAddress.h"
+#include "ZENALib/ASN1Pkix/RRDNSequence.h"
+
+class RGeneralName : public RChoice {
+  R_DECLARE_SCHEMA()
+  R_ALTERNATIVE(RAnotherName, OtherName, otherName)
+  R_ALTERNATIVE(ASN1IA5String, Rfc822Name, rfc822Name)
+  R_ALTERNATIVE(ASN1IA5String, DNSName, dNSName)
+  R_ALTERNATIVE(RORAddress, X400Address, x400Address)
+  R_ALTERNATIVE(RRDNSequence, DirectoryName, directoryName)
+  R_ALTERNATIVE(REDIPartyName, EdiPartyName, ediPartyName)
+  R_ALTERNATIVE(ASN1IA5String, UniformResourceIdentifier, uniformResourceIdentifier)
+  R_ALTERNATIVE(ASN1OctetString, IPAddress, iPAddress)
+  R_ALTERNATIVE(ASN1ObjectIdentifier, RegisteredID, registeredID)
+};
