@@ -82,7 +82,7 @@ int SymmetricCrypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const uns
 
   // The room needed, checked before any byte is written.
   int need = nInLen;
-  if (bEncrypt && pad == ECSP_PAD_NONE && nInLen % bs) return ECSP_INVALID_DATA;
+  if (bEncrypt && !bStream && pad == ECSP_PAD_NONE && nInLen % bs) return ECSP_INVALID_DATA;
   if (bEncrypt && pad == ECSP_PAD_ZERO) need = (nInLen + bs - 1) / bs * bs;
   if (bEncrypt && (pad == ECSP_PAD_PKCS || pad == ECSP_PAD_ISO9797_2)) need = (nInLen / bs + 1) * bs;
   if (!bEncrypt && !bStream) {
@@ -91,6 +91,8 @@ int SymmetricCrypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const uns
     if (pad == ECSP_PAD_PKCS) need = nInLen + bs;  // EVP's room rule for a padded decryption
   }
   if (*pnOutLen < need) return ECSP_NOT_ENOUGH_BUFFER;
+  unsigned char empty[kMaxBlock];
+  if (!pOut) pOut = empty;  // no room was needed: nothing will be written
 
   EVP_CIPHER_CTX* ctx = nullptr;
   if (int rc = StartCipher(nAlgID, cipher, bEncrypt, pad, bStream, pKey, nKeyLen, pIV, &ctx)) return rc;
@@ -129,7 +131,7 @@ int SymmetricCrypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const uns
 int Crypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const ECSP_KEY* pKey, const unsigned char* pIV,
           int nIVLen, const unsigned char* pIn, int nInLen, unsigned char* pOut, int* pnOutLen) {
   if (!pKey) return ECSP_INVALID_KEY_POINTER;
-  if (!pnOutLen || !pOut || nInLen < 0 || (!pIn && nInLen > 0)) return ECSP_INVALID_DATA_POINTER;
+  if (!pnOutLen || (!pOut && *pnOutLen > 0) || nInLen < 0 || (!pIn && nInLen > 0)) return ECSP_INVALID_DATA_POINTER;
   if (IsRsaCipher(nAlgID)) {
     // A hand-built key object is parsed for this call only.
     ECSP_PKEY* pParsed = pKey->pPKey;
