@@ -9,4 +9,9 @@ class RAttributeTypeAndValue : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1ObjectIdentifier, Type, type)
   R_COMPONENT(RAny, Value, value)
+
+ public:
+  // The component accessors above are named after `value`; the codec's own
+  // setValue overloads stay reachable.
+  using ASN1Object::setValue;
 };

@@ -62,7 +62,8 @@ TEST(ByteString, StoredBytesAreAlwaysTerminated) {
 
 TEST(ByteString, AssignmentAndAppend) {
   ByteString s("ab");
-  s = s;  // self-assignment keeps the content
+  const ByteString& same = s;
+  s = same;  // self-assignment keeps the content
   EXPECT_EQ(Str(s), "ab");
   s += s;  // appending to itself doubles
   EXPECT_EQ(Str(s), "abab");
