@@ -1,0 +1,17 @@
+// ContentInfo ::= SEQUENCE {                                   (RFC 5652 3)
+//   contentType ContentType,
+//   content     [0] EXPLICIT ANY DEFINED BY contentType OPTIONAL }
+//
+// The content is kept verbatim; decode it with the class its type names
+// (RSignedData, REnvelopedData, REncryptedData ...).
+#pragma once
+
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAny.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RContentInfo : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1ObjectIdentifier, ContentType, contentType)
+  R_COMPONENT(RAny, Content, content)
+};

@@ -1,0 +1,36 @@
+// SignerInfo ::= SEQUENCE {                                    (RFC 5652 5.3)
+//   version            CMSVersion,
+//   sid                SignerIdentifier,
+//   digestAlgorithm    DigestAlgorithmIdentifier,
+//   signedAttrs        [0] IMPLICIT SignedAttributes OPTIONAL,
+//   signatureAlgorithm SignatureAlgorithmIdentifier,
+//   signature          SignatureValue,
+//   unsignedAttrs      [1] IMPLICIT UnsignedAttributes OPTIONAL }
+// SignatureValue ::= OCTET STRING
+#pragma once
+
+#include "ZENALib/ASN1/ASN1Integer.h"
+#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAttributes.h"
+#include "ZENALib/ASN1Pkix/RSignerIdentifier.h"
+
+class RSignerInfo : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1Integer, Version, version)
+  R_COMPONENT(RSignerIdentifier, Sid, sid)
+  R_COMPONENT(RAlgorithmIdentifier, DigestAlgorithm, digestAlgorithm)
+  R_COMPONENT(RAttributes, SignedAttrs, signedAttrs)
+  R_COMPONENT(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm)
+  R_COMPONENT(ASN1OctetString, Signature, signature)
+  R_COMPONENT(RAttributes, UnsignedAttrs, unsignedAttrs)
+
+ public:
+  int fromASN1Object(const ByteString& bsData) override;
+  // The signed attributes as received, under the SET tag (0x31) the
+  // signature covers (RFC 5652 5.4); empty when there are none.
+  const ByteString& getRawSignedAttrs() const { return m_bsRawSignedAttrs; }
+
+ private:
+  ByteString m_bsRawSignedAttrs;
+};
