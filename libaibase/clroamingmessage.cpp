@@ -65,11 +65,8 @@ int CLRoamingMessage::MakeRoamingMessage(std::uint8_t type, std::uint8_t status,
   PutShortField(&w, identifier);
   PutLongField(&w, reference);
   PutLongField(&w, body);
-  const int rc = AppendWritten(&w, &m_bsMessage);
+  const int rc = Commit(&w, type, status);
   if (rc != BS_OK) return rc;
-
-  m_nType = type;
-  m_nStatus = status;
   CopyIfPresent(&m_bsIdentifier, identifier);
   CopyIfPresent(&m_bsReference, reference);
   CopyIfPresent(&m_bsBody, body);
@@ -92,11 +89,8 @@ int CLRoamingMessage::MakeRoamingMessageEx(std::uint8_t type, std::uint8_t statu
   PutLongField(&w, extraField);  // the extra field goes first on the wire
   PutLongField(&w, reference);
   PutLongField(&w, body);
-  const int rc = AppendWritten(&w, &m_bsMessage);
+  const int rc = Commit(&w, type, status);
   if (rc != BS_OK) return rc;
-
-  m_nType = type;
-  m_nStatus = status;
   CopyIfPresent(&m_bsFirstIdentifier, firstIdentifier);
   m_nFirstPort = firstPort;
   CopyIfPresent(&m_bsSecondIdentifier, secondIdentifier);
@@ -105,6 +99,15 @@ int CLRoamingMessage::MakeRoamingMessageEx(std::uint8_t type, std::uint8_t statu
   CopyIfPresent(&m_bsReference, reference);
   CopyIfPresent(&m_bsBody, body);
   return 0;
+}
+
+int CLRoamingMessage::Commit(ByteWriter* w, std::uint8_t type, std::uint8_t status) {
+  const int rc = AppendWritten(w, &m_bsMessage);
+  if (rc == BS_OK) {
+    m_nType = type;
+    m_nStatus = status;
+  }
+  return rc;
 }
 
 int CLRoamingMessage::Malformed(const ByteString& message, bool dump) {

@@ -15,6 +15,7 @@
 #include <array>
 #include <cstdint>
 
+#include "base/ByteReader.h"
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
 
@@ -65,6 +66,8 @@ class CLRoamingMessage : public CErrorTrace {
   const ByteString& GetIdentifier() const { return m_bsIdentifier; }
 
  private:
+  // Appends what w wrote to the message and keeps type and status.
+  int Commit(ByteWriter* w, std::uint8_t type, std::uint8_t status);
   int Malformed(const ByteString& message, bool dump);
   int Fail(int code, const char* what);
 
