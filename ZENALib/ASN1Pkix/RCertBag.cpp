@@ -1,0 +1,28 @@
+#include "ZENALib/ASN1Pkix/RCertBag.h"
+
+const RField RCertBag::kFields[] = {
+    R_FIELD(RCertBag, certId, ASN1_TAG_OID, R_MANDATORY),
+    R_FIELD_EXPLICIT(RCertBag, certValue, 0, R_MANDATORY),
+};
+const RSchema RCertBag::kSchema =
+    R_SCHEMA(RCertBag, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not two."), kFields);
+
+int RCertBag::fromASN1Object(const ByteString& bsData) {
+  const int rc = RStructure::fromASN1Object(bsData);
+  if (rc != 0) return rc;
+  // The base has checked both components; the [0] wrapper must end with its
+  // one element (the value member reads only the first).
+  const unsigned char* p = bsData.data();
+  int n = bsData.length();
+  RElementHeader outer{}, id{}, wrapper{}, inner{};
+  if (RReadHeader(p, n, &outer) != 0) return 0;
+  p += outer.headerLength;
+  n -= outer.headerLength;
+  if (RReadHeader(p, n, &id) != 0 || RReadHeader(p + id.totalLength, n - id.totalLength, &wrapper) != 0) return 0;
+  p += id.totalLength + wrapper.headerLength;
+  n -= id.totalLength + wrapper.headerLength;
+  const int content =
+      wrapper.contentLength >= 0 ? wrapper.contentLength : wrapper.totalLength - wrapper.headerLength - 2;
+  if (RReadHeader(p, n, &inner) == 0 && inner.totalLength == content) return 0;
+  return failAt(&kSchema, "fromASN1Object", "nCount", R_ERR_COUNT, "The number of components is not 1");
+}

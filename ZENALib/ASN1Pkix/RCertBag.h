@@ -1,0 +1,23 @@
+// CertBag ::= SEQUENCE {                                      (RFC 7292 4.2.3)
+//   certId    BAG-TYPE.&id ({CertTypes}),
+//   certValue [0] EXPLICIT BAG-TYPE.&Type ({CertTypes}{@certId}) }
+//     -- x509Certificate: OCTET STRING holding a DER certificate
+//     -- sdsiCertificate: IA5String holding a Base64 certificate
+//
+// Two count rules: the bag has exactly two components ("The number of
+// components is not two."), and the [0] wrapper holds exactly one element
+// ("The number of components is not 1").
+#pragma once
+
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAny.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RCertBag : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1ObjectIdentifier, CertId, certId)
+  R_COMPONENT(RAny, CertValue, certValue)
+
+ public:
+  int fromASN1Object(const ByteString& bsData) override;
+};

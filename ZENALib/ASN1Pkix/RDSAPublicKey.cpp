@@ -1,0 +1,26 @@
+#include "ZENALib/ASN1Pkix/RDSAPublicKey.h"
+
+const RField RDSAPublicKey::kParmsFields[] = {
+    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
+    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
+    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
+};
+const RSchema RDSAPublicKey::kParmsSchema =
+    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kParmsFields);
+
+const RField RDSAPublicKey::kKeyFields[] = {
+    R_FIELD(RDSAPublicKey, y, ASN1_TAG_INTEGER, R_MANDATORY),
+    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
+    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
+    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
+};
+const RSchema RDSAPublicKey::kKeySchema =
+    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(4, "The number of components is not 4."), kKeyFields);
+
+int RDSAPublicKey::fromASN1Object(const ByteString& bsData) {
+  // The count picks the form; the base then checks it against that form's
+  // rule, so three or fewer report "not 3." and more report "not 4.".
+  ASN1Sequence counter;
+  if (counter.fromASN1Object(bsData) == 0) m_bPublicValue = counter.getComponentCount() > 3;
+  return RStructure::fromASN1Object(bsData);
+}

@@ -1,0 +1,15 @@
+// OtherInfo ::= SEQUENCE {                                    (RFC 2631 2.1.2, ANSI X9.42;
+//   keyInfo     KeySpecificInfo,                               tagged EXPLICIT, as the
+//   partyAInfo  [0] OCTET STRING OPTIONAL,                     RFC's example encodings show)
+//   suppPubInfo [2] OCTET STRING }   -- key length in bits, 4 octets
+#pragma once
+
+#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1Pkix/RKeySpecificInfo.h"
+
+class ROtherInfo : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(RKeySpecificInfo, KeyInfo, keyInfo)
+  R_COMPONENT(ASN1OctetString, PartyAInfo, partyAInfo)
+  R_COMPONENT(ASN1OctetString, SuppPubInfo, suppPubInfo)
+};

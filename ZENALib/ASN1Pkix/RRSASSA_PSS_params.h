@@ -1,0 +1,19 @@
+// RSASSA-PSS-params ::= SEQUENCE {                            (RFC 4055 3.1; EXPLICIT TAGS)
+//   hashAlgorithm    [0] HashAlgorithm    DEFAULT sha1Identifier,
+//   maskGenAlgorithm [1] MaskGenAlgorithm DEFAULT mgf1SHA1Identifier,
+//   saltLength       [2] INTEGER          DEFAULT 20,
+//   trailerField     [3] INTEGER          DEFAULT 1 }
+//
+// A default member is absent (has...() false) and is not written back.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1Integer.h"
+#include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
+
+class RRSASSA_PSS_params : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(RAlgorithmIdentifier, HashAlgorithm, hashAlgorithm)
+  R_COMPONENT(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm)
+  R_COMPONENT(ASN1Integer, SaltLength, saltLength)
+  R_COMPONENT(ASN1Integer, TrailerField, trailerField)
+};
