@@ -196,7 +196,9 @@ bool KCDSA_HasPrivate(const KCDSA_KEY* pKey) { return pKey->x != nullptr; }
 int KCDSA_Start(const KCDSA_KEY* pKey, DigestKind kind, Digest* pDigest) {
   unsigned char z[kZBytes];
   BnPtr zn(BN_new());
-  if (!zn || !BN_copy(zn.get(), pKey->y) || !BN_mask_bits(zn.get(), kZBytes * 8) ||
+  // BN_mask_bits refuses a number already shorter than the mask.
+  if (!zn || !BN_copy(zn.get(), pKey->y) ||
+      (BN_num_bits(zn.get()) > kZBytes * 8 && !BN_mask_bits(zn.get(), kZBytes * 8)) ||
       BN_bn2binpad(zn.get(), z, kZBytes) < 0) {
     return ECSP_MEMORY_ERROR;
   }
