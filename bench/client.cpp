@@ -46,8 +46,8 @@ bool WriteAll(int fd, const unsigned char* p, std::size_t n) {
 bool ReadFrame(int fd, std::vector<unsigned char>* buf) {
   buf->resize(4);
   if (!ReadExact(fd, buf->data(), 4)) return false;
-  const std::size_t n = (std::size_t{(*buf)[0]} << 24) | (std::size_t{(*buf)[1]} << 16) |
-                        (std::size_t{(*buf)[2]} << 8) | (*buf)[3];
+  const std::size_t n =
+      (std::size_t{(*buf)[0]} << 24) | (std::size_t{(*buf)[1]} << 16) | (std::size_t{(*buf)[2]} << 8) | (*buf)[3];
   buf->resize(4 + n);
   return ReadExact(fd, buf->data() + 4, n);
 }

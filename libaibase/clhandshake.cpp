@@ -13,6 +13,5 @@ int CLHandshake::MakeHandshake(int version, int handshakeType, const ByteString&
 }
 
 int CLHandshake::ParseHandshake(const ByteString& record) {
-  return ParseRecord(record, &m_nHandshakeType, "CLHandshake::ParseHandshake", "Secure Message",
-                     ERR_HANDSHAKE_PARSE);
+  return ParseRecord(record, &m_nHandshakeType, "CLHandshake::ParseHandshake", "Secure Message", ERR_HANDSHAKE_PARSE);
 }

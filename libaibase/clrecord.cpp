@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 6;
 
-
 }  // namespace
 
 CLRecord::CLRecord(int contentType) : m_nContentType(0), m_nVersion(0), m_nOwnType(contentType) {}
@@ -52,8 +51,8 @@ int CLRecord::MakeRecord(int version, int handshakeType, const ByteString& data)
   return AppendWritten(&record, &m_bsRecord);
 }
 
-int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method,
-                          const char* what, int code) {
+int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
+                          int code) {
   ByteReader r(record);
   std::uint8_t type = 0, version = 0, hsType = 0;
   std::uint32_t bodyLength = 0, dataLength = 0;

@@ -52,8 +52,8 @@ class CLRecord : public CErrorTrace {
   // Reads the header and the data field. On a length mismatch (or a record
   // too short to hold its own header) records method/what with code and
   // returns code. handshakeType is null for records without that byte.
-  int ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method,
-                  const char* what, int code);
+  int ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
+                  int code);
 
   std::uint32_t m_nContentType;
   std::uint32_t m_nVersion;

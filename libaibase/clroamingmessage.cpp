@@ -42,7 +42,6 @@ void CopyIfPresent(ByteString* member, const ByteString* field) {
   if (field) *member = *field;
 }
 
-
 }  // namespace
 
 CLRoamingMessage::CLRoamingMessage() : m_nType(0), m_nStatus(0), m_nFirstPort(0), m_nSecondPort(0) {}
@@ -51,8 +50,8 @@ CLRoamingMessage::~CLRoamingMessage() = default;
 
 std::array<unsigned char, 4> CLRoamingMessage::MakeLengthPrefix(const ByteString* field) {
   const auto n = static_cast<std::uint32_t>(SizeOf(field));
-  return {static_cast<unsigned char>(n >> 24), static_cast<unsigned char>(n >> 16),
-          static_cast<unsigned char>(n >> 8), static_cast<unsigned char>(n)};
+  return {static_cast<unsigned char>(n >> 24), static_cast<unsigned char>(n >> 16), static_cast<unsigned char>(n >> 8),
+          static_cast<unsigned char>(n)};
 }
 
 ByteString CLRoamingMessage::TakeBody() { return std::move(m_bsBody); }
@@ -73,11 +72,10 @@ int CLRoamingMessage::MakeRoamingMessage(std::uint8_t type, std::uint8_t status,
   return 0;
 }
 
-int CLRoamingMessage::MakeRoamingMessageEx(std::uint8_t type, std::uint8_t status,
-                                           const ByteString* firstIdentifier, std::uint16_t firstPort,
-                                           const ByteString* secondIdentifier, std::uint16_t secondPort,
-                                           const ByteString* reference, const ByteString* extraField,
-                                           const ByteString* body) {
+int CLRoamingMessage::MakeRoamingMessageEx(std::uint8_t type, std::uint8_t status, const ByteString* firstIdentifier,
+                                           std::uint16_t firstPort, const ByteString* secondIdentifier,
+                                           std::uint16_t secondPort, const ByteString* reference,
+                                           const ByteString* extraField, const ByteString* body) {
   ByteWriter w;
   w.reserve(20 + SizeOf(firstIdentifier) + SizeOf(secondIdentifier) + SizeOf(extraField) + SizeOf(reference) +
             SizeOf(body));
@@ -146,11 +144,10 @@ int CLRoamingMessage::ParseRoamingMessageEx(const ByteString* message) {
   ByteReader r(*message);
   std::uint8_t type = 0, status = 0;
   std::uint16_t firstPort = 0, secondPort = 0;
-  const bool ok = r.readU8(&type) == BS_OK && r.readU8(&status) == BS_OK &&
-                  GetShortField(&r, &m_bsFirstIdentifier) && r.readU16BE(&firstPort) == BS_OK &&
-                  GetShortField(&r, &m_bsSecondIdentifier) && r.readU16BE(&secondPort) == BS_OK &&
-                  GetLongField(&r, &m_bsExtraField) && GetLongField(&r, &m_bsReference) &&
-                  GetLongField(&r, &m_bsBody) && r.empty();
+  const bool ok = r.readU8(&type) == BS_OK && r.readU8(&status) == BS_OK && GetShortField(&r, &m_bsFirstIdentifier) &&
+                  r.readU16BE(&firstPort) == BS_OK && GetShortField(&r, &m_bsSecondIdentifier) &&
+                  r.readU16BE(&secondPort) == BS_OK && GetLongField(&r, &m_bsExtraField) &&
+                  GetLongField(&r, &m_bsReference) && GetLongField(&r, &m_bsBody) && r.empty();
   m_nType = type;
   m_nStatus = status;
   m_nFirstPort = firstPort;

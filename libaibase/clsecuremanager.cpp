@@ -33,8 +33,9 @@ CLSecureManager::CLSecureManager(const ByteString* certificate, const ByteString
 CLSecureManager::~CLSecureManager() { Release(); }
 
 void CLSecureManager::Release() {
-  for (ByteString* bs : {&m_bsSessionSecret, &m_bsOutput, &m_bsDataKey, &m_bsDataIV, &m_bsCertificate,
-                         &m_bsPrivateKey})
+  // Key material is wiped before its buffers go back to the allocator.
+  for (ByteString* secret : {&m_bsSessionSecret, &m_bsDataKey, &m_bsDataIV, &m_bsPrivateKey}) secret->zeroize();
+  for (ByteString* bs : {&m_bsSessionSecret, &m_bsOutput, &m_bsDataKey, &m_bsDataIV, &m_bsCertificate, &m_bsPrivateKey})
     bs->clear();
 }
 

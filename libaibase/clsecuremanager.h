@@ -24,7 +24,7 @@ class CLSecureManager : public CErrorTrace {
   CLSecureManager(const CLSecureManager&) = delete;
   CLSecureManager& operator=(const CLSecureManager&) = delete;
 
-  // Frees every held string (buffers released, lengths 0).
+  // Frees every held string (buffers released, lengths 0), wiping the keys first.
   void Release();
 
   // Output = plain record (version 1) around data.

@@ -37,8 +37,8 @@ int DecimalValue(const char* s) {
 }  // namespace
 
 CQVAClientAPI::CQVAClientAPI() : m_nServerPort(0), m_bServerRefused(false) {
-  for (ByteString* bs : {&m_bsServerAddress, &m_bsRoamingID, &m_bsReserved1, &m_bsReserved2, &m_bsReserved3,
-                         &m_bsGeneralErrorMsg})
+  for (ByteString* bs :
+       {&m_bsServerAddress, &m_bsRoamingID, &m_bsReserved1, &m_bsReserved2, &m_bsReserved3, &m_bsGeneralErrorMsg})
     *bs = "";
 }
 
@@ -76,8 +76,7 @@ int CQVAClientAPI::SendRequest(int messageType, int buildResult, const CErrorTra
   m_nErrorCode = buildResult;
   if (m_nErrorCode != 0) {
     m_bsGeneralErrorMsg = qva_msg::kVerifyRequestFailed;
-    QVA_ERROR_TRACE(kVerifyMethod, "cBizQVAClient.MakeRequestValidData", m_nErrorCode,
-                    builder.GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kVerifyMethod, "cBizQVAClient.MakeRequestValidData", m_nErrorCode, builder.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
   ByteString response;
@@ -96,11 +95,10 @@ int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageTy
                                   ByteString* response) {
   m_bServerRefused = false;
   CLRoamingMessage roaming;
-  m_nErrorCode = roaming.MakeRoamingMessage(static_cast<std::uint8_t>(messageType), 0, &m_bsRoamingID,
-                                            &m_bsRoamingID, &request);
+  m_nErrorCode =
+      roaming.MakeRoamingMessage(static_cast<std::uint8_t>(messageType), 0, &m_bsRoamingID, &m_bsRoamingID, &request);
   if (m_nErrorCode > 0) {
-    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.MakeRoamingMessage", m_nErrorCode,
-                    roaming.GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.MakeRoamingMessage", m_nErrorCode, roaming.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
 
@@ -124,8 +122,7 @@ int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageTy
   CLRoamingMessage reply;
   m_nErrorCode = reply.ParseRoamingMessage(answer);
   if (m_nErrorCode > 0) {
-    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.ParseRoamingMessage", m_nErrorCode,
-                    reply.GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.ParseRoamingMessage", m_nErrorCode, reply.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
 

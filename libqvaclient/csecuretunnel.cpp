@@ -40,8 +40,7 @@ int CSecureTunnel::ProcessPlainData(const ByteString& data) {
 
   m_nErrorCode = m_pSecureManager->MakePlainData(data);
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE(kMethod, "m_pSecureManager->MakePlainData", m_nErrorCode,
-                    m_pSecureManager->GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kMethod, "m_pSecureManager->MakePlainData", m_nErrorCode, m_pSecureManager->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
   const ByteString record = m_pSecureManager->TakeOutput();

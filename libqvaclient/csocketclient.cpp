@@ -1,5 +1,6 @@
 #include "libqvaclient/csocketclient.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int kConnectWaitSeconds = 2;
 
-CSocketClient::Allocator g_recvAllocator = &std::calloc;
+std::atomic<CSocketClient::Allocator> g_recvAllocator{&std::calloc};
 
 struct FreeDeleter {
   void operator()(unsigned char* p) const { std::free(p); }
@@ -22,7 +23,7 @@ struct FreeDeleter {
 }  // namespace
 
 CSocketClient::Allocator CSocketClient::SetRecvAllocator(Allocator allocator) {
-  return std::exchange(g_recvAllocator, allocator ? allocator : &std::calloc);
+  return g_recvAllocator.exchange(allocator ? allocator : &std::calloc);
 }
 
 CSocketClient::CSocketClient() : m_hSocket(qva_net::kInvalidSocket), m_bStarted(false) { InitSocket(); }
@@ -129,7 +130,10 @@ int CSocketClient::Recv() {
   // length + 2 in 64 bits: FF FF FF FF must not wrap to a small buffer.
   const std::uint64_t size = static_cast<std::uint64_t>(length) + 2;
   std::unique_ptr<unsigned char, FreeDeleter> buffer;
-  if (size <= SIZE_MAX) buffer.reset(static_cast<unsigned char*>(g_recvAllocator(static_cast<std::size_t>(size), 1)));
+  if (size <= SIZE_MAX) {
+    const CSocketClient::Allocator allocate = g_recvAllocator.load();
+    buffer.reset(static_cast<unsigned char*>(allocate(static_cast<std::size_t>(size), 1)));
+  }
   if (!buffer) {
     QVA_ERROR_TRACE("CSocketClient::Recv", "calloc fail", ERR_SOCKET_CALLOC, nullptr);
     return ERR_SOCKET_CALLOC;

@@ -1,4 +1,6 @@
+// winsock2.h must come before windows.h, which would bring in the old winsock.h.
 #include <winsock2.h>
+
 #include <windows.h>
 
 #include <climits>

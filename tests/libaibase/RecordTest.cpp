@@ -134,8 +134,10 @@ TEST(Record, ParseChecksOnlyTheLengthsAndNeverReadsPastTheEnd) {
       // Byte 0 is not compared with the parser's own type.
       {"alert read as plain", Kind::Plain, "1501000000050000000178", 0, "x", ""},
       {"empty data", Kind::Alert, "15010000000400000000", 0, "", ""},
-      {"trailing byte", Kind::Plain, "1401000000070000000261626300", 130, "", "CLPlain::ParsePlain - Plain Message(130)\r\n"},
-      {"data length past end", Kind::Plain, "1401000000070000ffff6162", 130, "", "CLPlain::ParsePlain - Plain Message(130)\r\n"},
+      {"trailing byte", Kind::Plain, "1401000000070000000261626300", 130, "",
+       "CLPlain::ParsePlain - Plain Message(130)\r\n"},
+      {"data length past end", Kind::Plain, "1401000000070000ffff6162", 130, "",
+       "CLPlain::ParsePlain - Plain Message(130)\r\n"},
       // Shorter than the fixed fields: refused, not read past the end.
       {"five bytes", Kind::Plain, "1401000000", 130, "", "CLPlain::ParsePlain - Plain Message(130)\r\n"},
       {"nothing", Kind::Alert, "", 120, "", "CLAlert::ParseAlert - Alert Message(120)\r\n"},
@@ -172,7 +174,9 @@ TEST(Record, MakeAppendsToWhatTheObjectHolds) {
   CLPlain p;
   ASSERT_EQ(p.MakePlain(1, Hex("aa")), 0);
   ASSERT_EQ(p.MakePlain(1, Hex("bbcc")), 0);
-  EXPECT_EQ(ToHex(p.GetRecord()), "14010000000500000001aa" "14010000000600000002bbcc");
+  EXPECT_EQ(ToHex(p.GetRecord()),
+            "14010000000500000001aa"
+            "14010000000600000002bbcc");
   // A refused Make leaves the object as it was.
   EXPECT_EQ(p.MakePlain(-5, Hex("dd")), 100);
   EXPECT_EQ(p.GetRecord().length(), 23);

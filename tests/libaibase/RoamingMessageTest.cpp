@@ -54,19 +54,11 @@ TEST_F(RoamingMessage, MakeWritesFieldsInWireOrder) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     CLRoamingMessage m;
-    ASSERT_EQ(m.MakeRoamingMessage(static_cast<std::uint8_t>(c.type), static_cast<std::uint8_t>(c.status),
-                                   c.identifier, c.reference, c.body),
+    ASSERT_EQ(m.MakeRoamingMessage(static_cast<std::uint8_t>(c.type), static_cast<std::uint8_t>(c.status), c.identifier,
+                                   c.reference, c.body),
               0);
     EXPECT_EQ(ToHex(m.GetMessage()), ToHex(Hex(c.hex)));
   }
-}
-
-TEST_F(RoamingMessage, LengthPrefixOfAbsentAndPresentFields) {
-  const ByteString big = qvatest::RandomBytes(0x1234, 1);
-  const auto none = CLRoamingMessage::MakeLengthPrefix(nullptr);
-  const auto some = CLRoamingMessage::MakeLengthPrefix(&big);
-  EXPECT_EQ(ToHex(ByteString(none.data(), 4)), "00000000");
-  EXPECT_EQ(ToHex(ByteString(some.data(), 4)), "00001234");
 }
 
 TEST_F(RoamingMessage, ParseReadsEveryFieldAndTheStatusUnchanged) {

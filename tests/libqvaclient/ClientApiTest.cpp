@@ -88,7 +88,9 @@ TEST_F(ClientApi, ServerAnswersBecomeCodesAndTexts) {
     int rc;
     std::string detail;
   } cases[] = {
-      {"result 0 without items", {{PlainAnswer(0, {})}}, 301,
+      {"result 0 without items",
+       {{PlainAnswer(0, {})}},
+       301,
        kApiLine + "(301)\r\nCQVAClientAPI::ProcessMessage - (301)\r\nitem count is zero!!"},
       {"text 0", {{PlainAnswer(0, {"0"})}}, 0, ""},
       // The server's explanation is the whole detail text, with no line over it.
@@ -99,27 +101,47 @@ TEST_F(ClientApi, ServerAnswersBecomeCodesAndTexts) {
       // Not a number: read as 0, which is success.
       {"text abc", {{PlainAnswer(0, {"abc", "ignored"})}}, 0, ""},
       // A status byte that is not 0: item 0 becomes the detail under the line.
-      {"status 5", {{PlainAnswer(5, {"nine", "x"})}}, 5,
+      {"status 5",
+       {{PlainAnswer(5, {"nine", "x"})}},
+       5,
        kApiLine + "(5)\r\nCQVAClientAPI::ProcessMessage - Roaming Message Result Fail(5)\r\nnine"},
-      {"alert record", {{Frame(qvatest::Record(0x15, "server busy"))}}, 180,
+      {"alert record",
+       {{Frame(qvatest::Record(0x15, "server busy"))}},
+       180,
        kApiLine + "(180)\r\n" + kRequestLine +
            "(180)\r\nCSecureTunnel::ProcessHandshake - Alert Message from Server.(180)\r\nserver busy"},
-      {"malformed roaming message", {{Frame(qvatest::Record(0x14, badRoaming))}}, 191,
+      // An alert whose own lengths are wrong still ends the exchange, without a text.
+      {"malformed alert record",
+       {{Frame("\x15\x01")}},
+       180,
+       kApiLine + "(180)\r\n" + kRequestLine +
+           "(180)\r\nCSecureTunnel::ProcessHandshake - Alert Message from Server.(180)\r\n"},
+      {"malformed roaming message",
+       {{Frame(qvatest::Record(0x14, badRoaming))}},
+       191,
        kApiLine + "(191)\r\nCLRVSClientAPI::ProcessMessage - roamingMessage.ParseRoamingMessage(191)\r\n" +
            "CLRoamingMessage::ParseRoamingMessage - " + qva_msg::kRoamingLengthWrong + "(191)\r\n"},
-      {"short payload", {{U32(50) + "abc"}}, 150,
+      {"short payload",
+       {{U32(50) + "abc"}},
+       150,
        kApiLine + "(150)\r\n" + kRequestLine + "(150)\r\n" + sendFail +
            "(150)\r\nCSocketClient::Send - Recv(150)\r\nCSocketClient::Recv - recv fail(150)\r\n"},
-      {"zero-length frame", {{U32(0)}}, 130,
+      {"zero-length frame",
+       {{U32(0)}},
+       130,
        kApiLine + "(130)\r\n" + kRequestLine +
            "(130)\r\nCSecureTunnel::ProcessPlainData - m_pSecureManager->ParsePlain(130)\r\n"
            "CLSecureManager::ParsePlain - plain.ParsePlain(130)\r\nCLPlain::ParsePlain - Plain Message(130)\r\n"},
       // The single prefix read takes 00 00 alone: an empty record.
-      {"prefix split over two segments", {{std::string(2, '\0'), PlainAnswer(0, {"0"}).substr(2)}}, 130,
+      {"prefix split over two segments",
+       {{std::string(2, '\0'), PlainAnswer(0, {"0"}).substr(2)}},
+       130,
        kApiLine + "(130)\r\n" + kRequestLine +
            "(130)\r\nCSecureTunnel::ProcessPlainData - m_pSecureManager->ParsePlain(130)\r\n"
            "CLSecureManager::ParsePlain - plain.ParsePlain(130)\r\nCLPlain::ParsePlain - Plain Message(130)\r\n"},
-      {"closed before any answer", {{}}, 150,
+      {"closed before any answer",
+       {{}},
+       150,
        kApiLine + "(150)\r\n" + kRequestLine + "(150)\r\n" + sendFail +
            "(150)\r\nCSocketClient::Send - Recv(150)\r\nCSocketClient::Recv - recv fail(150)\r\n" + Str(success)},
   };
@@ -193,8 +215,9 @@ TEST_F(ClientApi, UnreachableAndUnresolvableServers) {
   const int closed = qvatest::UnusedPort();
   ByteString refused;
   SystemErrorText(ECONNREFUSED, &refused);
-  const std::string socketLine = "CSocketClient::SocketConnect - connect fail(155)\r\n[127.0.0.1:" +
-                                 std::to_string(closed) + "][" + Str(refused) + "] - connect fail";
+  const std::string socketLine =
+      "CSocketClient::SocketConnect - connect fail(155)\r\n[127.0.0.1:" + std::to_string(closed) + "][" + Str(refused) +
+      "] - connect fail";
   const std::string unresolved = "CSocketClient::SocketConnect - inet_addr fail(154)\r\nINADDR_NONE";
   struct Case {
     const char* name;
@@ -204,12 +227,14 @@ TEST_F(ClientApi, UnreachableAndUnresolvableServers) {
   } cases[] = {
       // Outermost line first, down to the socket client's two attempts.
       {"refused", "127.0.0.1", 155,
-       kApiLine + "(155)\r\nCLRVSClientAPI::ProcessMessage - secureTunnel.Connect(155)\r\n"
-                  "CSecureTunnel::Connect - m_pSocketClient->Connect(155)\r\n" +
+       kApiLine +
+           "(155)\r\nCLRVSClientAPI::ProcessMessage - secureTunnel.Connect(155)\r\n"
+           "CSecureTunnel::Connect - m_pSocketClient->Connect(155)\r\n" +
            socketLine + socketLine},
       {"unresolvable", "no-such-host.invalid", 154,
-       kApiLine + "(154)\r\nCLRVSClientAPI::ProcessMessage - secureTunnel.Connect(154)\r\n"
-                  "CSecureTunnel::Connect - m_pSocketClient->Connect(154)\r\n" +
+       kApiLine +
+           "(154)\r\nCLRVSClientAPI::ProcessMessage - secureTunnel.Connect(154)\r\n"
+           "CSecureTunnel::Connect - m_pSocketClient->Connect(154)\r\n" +
            unresolved + unresolved},
   };
   for (const auto& c : cases) {

@@ -23,8 +23,9 @@ TEST(Exports, SharedLibraryExportsTheSevenFunctionsOnly) {
     std::string addr, type, name;
     if (fields >> addr >> type >> name) names.insert(name);
   }
-  const std::set<std::string> expected = {"QVA_Initialize", "QVA_Verify", "QVA_RegisterCert", "QVA_FreeItem",
-                                          "QVA_GetGeneralErrorMsg", "QVA_GetDetailErrorMsg", "QVA_Release"};
+  const std::set<std::string> expected = {
+      "QVA_Initialize",        "QVA_Verify", "QVA_RegisterCert", "QVA_FreeItem", "QVA_GetGeneralErrorMsg",
+      "QVA_GetDetailErrorMsg", "QVA_Release"};
   EXPECT_EQ(names, expected) << out;
 }
 

@@ -68,8 +68,8 @@ std::string ItemList(const std::vector<std::string>& items) {
 
 std::string Roaming(int type, int status, const std::string& identifier, const std::string& reference,
                     const std::string& body) {
-  return std::string(1, static_cast<char>(type)) + static_cast<char>(status) +
-         static_cast<char>(identifier.size()) + identifier + Frame(reference) + Frame(body);
+  return std::string(1, static_cast<char>(type)) + static_cast<char>(status) + static_cast<char>(identifier.size()) +
+         identifier + Frame(reference) + Frame(body);
 }
 
 std::string Record(int contentType, const std::string& data) {

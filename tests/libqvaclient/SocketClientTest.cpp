@@ -64,7 +64,8 @@ TEST(SocketClient, OneFramedExchangePerScriptedAnswer) {
     ASSERT_EQ(client.Connect(kLoopback, server.port(), kLoopback, server.port()), 0);
     const int rc = client.Send(ByteString("xyz"));
     if (std::string(c.name) == "length FF FF FF FF" && rc == 151) {
-      EXPECT_EQ(Str(client.GetErrorMsg()), "CSocketClient::Send - Recv(151)\r\nCSocketClient::Recv - calloc fail(151)\r\n");
+      EXPECT_EQ(Str(client.GetErrorMsg()),
+                "CSocketClient::Send - Recv(151)\r\nCSocketClient::Recv - calloc fail(151)\r\n");
     } else {
       EXPECT_EQ(rc, c.rc);
       EXPECT_EQ(Str(client.GetErrorMsg()), c.trace);
@@ -104,11 +105,9 @@ TEST(SocketClient, ConnectFailuresAndTheFallbackAddress) {
   } cases[] = {
       // Both attempts fail; each puts its line in front of the other's.
       {"refused twice", "127.0.0.1", false, "127.0.0.1", false, 155, refused + refused},
-      {"unresolvable twice", "no-such-host.invalid", true, "no-such-host.invalid", true, 154,
-       unresolved + unresolved},
+      {"unresolvable twice", "no-such-host.invalid", true, "no-such-host.invalid", true, 154, unresolved + unresolved},
       // The second address is used when the first fails.
-      {"fallback to second", "no-such-host.invalid", true, "127.0.0.1", true, 0,
-       unresolved},
+      {"fallback to second", "no-such-host.invalid", true, "127.0.0.1", true, 0, unresolved},
       {"first succeeds", "127.0.0.1", true, "no-such-host.invalid", true, 0, ""},
   };
   for (const auto& c : cases) {
@@ -130,7 +129,8 @@ TEST(SocketClient, ConnectFailuresAndTheFallbackAddress) {
 TEST(SocketClient, PeerClosingEarlyFailsTheSendWithoutSignal) {
   // The default action of SIGPIPE ends the process: this test would not
   // return if a send raised it.
-  struct sigaction dfl {}, old {};
+  struct sigaction dfl {
+  }, old{};
   dfl.sa_handler = SIG_DFL;
   ASSERT_EQ(sigaction(SIGPIPE, &dfl, &old), 0);
 
@@ -144,7 +144,8 @@ TEST(SocketClient, PeerClosingEarlyFailsTheSendWithoutSignal) {
   const int rc = client.Send(big);
   sigaction(SIGPIPE, &old, nullptr);
   EXPECT_EQ(rc, 152);
-  EXPECT_EQ(Str(client.GetErrorMsg()).rfind("CSocketClient::Send - Send(152)\r\nCSocketClient::Write - send fail(152)\r\n", 0),
+  EXPECT_EQ(Str(client.GetErrorMsg())
+                .rfind("CSocketClient::Send - Send(152)\r\nCSocketClient::Write - send fail(152)\r\n", 0),
             0u)
       << Str(client.GetErrorMsg());
 }

@@ -36,9 +36,10 @@ void PrintText(const char* label, int (*get)(void*, char*, int*), void* client) 
 int RunClientCommand(int argc, char** argv) {
   const bool verify = std::strcmp(argv[1], "verify") == 0;
   if (argc != (verify ? 7 : 6)) {
-    std::fputs("usage: qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
-               "       qva register HOST PORT ROAMINGID FILE\n",
-               stderr);
+    std::fputs(
+        "usage: qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
+        "       qva register HOST PORT ROAMINGID FILE\n",
+        stderr);
     return 2;
   }
   std::ifstream in(argv[argc - 1], std::ios::binary);

@@ -6,10 +6,9 @@
 // as "listening on 127.0.0.1:PORT"), serves one connection at a time: reads
 // the framed plain record, its roaming message and item list, and answers in
 // the same shape. A malformed roaming message is answered with an alert (and
-// dumped to ./wrongRoamingMessage.txt by the parser, as on the client). Default verdict: result 0 when the request's data item is
-// not empty, otherwise result 1 with the text "empty data". --result/--detail
-// force a verdict, --alert answers every request with an alert record.
-// Stops after --count requests, or when no client comes for --idle-timeout
+// dumped to ./wrongRoamingMessage.txt by the parser, as on the client). Default verdict: result 0 when the request's
+// data item is not empty, otherwise result 1 with the text "empty data". --result/--detail force a verdict, --alert
+// answers every request with an alert record. Stops after --count requests, or when no client comes for --idle-timeout
 // seconds (default 30), so it always ends by itself.
 #include <arpa/inet.h>
 #include <netinet/in.h>
