@@ -4,11 +4,11 @@
 #pragma once
 
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
-#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1Pkix/ROctetString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
 class REncapsulatedContentInfo : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1ObjectIdentifier, EContentType, eContentType)
-  R_COMPONENT(ASN1OctetString, EContent, eContent)
+  R_COMPONENT(ROctetString, EContent, eContent)
 };

@@ -6,12 +6,12 @@
 #pragma once
 
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
-#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1Pkix/ROctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
 class REncryptedContentInfo : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1ObjectIdentifier, ContentType, contentType)
   R_COMPONENT(RAlgorithmIdentifier, ContentEncryptionAlgorithm, contentEncryptionAlgorithm)
-  R_COMPONENT(ASN1OctetString, EncryptedContent, encryptedContent)
+  R_COMPONENT(ROctetString, EncryptedContent, encryptedContent)
 };

@@ -1,0 +1,55 @@
+#include "ZENALib/ASN1Pkix/ROctetString.h"
+
+#include "ZENALib/ASN1Pkix/RObject.h"
+#include "base/Limits.h"
+
+namespace {
+
+// Contents octets of the element with header h (end-of-contents excluded).
+int ContentLength(const RElementHeader& h) {
+  return h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
+}
+
+}  // namespace
+
+int ROctetString::joinSegments(const unsigned char* p, int n, int nDepth, ByteString* pOut) {
+  // Segments nest; the same bound as for indefinite lengths keeps the recursion finite.
+  if (nDepth > qva_limits::kMaxIndefiniteDepth) return R_ERR_FORMAT;
+  for (int offset = 0; offset < n;) {
+    RElementHeader h{};
+    if (RReadHeader(p + offset, n - offset, &h) != 0) return R_ERR_FORMAT;
+    if (h.tagClass() != ASN1_CLASS_UNIVERSAL || h.tagNo != ASN1_TAG_OCTETSTRING) return R_ERR_FORMAT;
+    const unsigned char* content = p + offset + h.headerLength;
+    if (h.constructed()) {
+      if (joinSegments(content, ContentLength(h), nDepth + 1, pOut) != 0) return R_ERR_FORMAT;
+    } else {
+      if (h.contentLength < 0) return R_ERR_FORMAT;  // a primitive segment has a definite length
+      pOut->append(content, h.contentLength);
+    }
+    offset += h.totalLength;
+  }
+  return pOut->status() == BS_OK ? 0 : R_ERR_FORMAT;
+}
+
+int ROctetString::fromASN1Object(const ByteString& bsData) {
+  const unsigned char* p = bsData.data();
+  int n = bsData.length();
+  RElementHeader h{};
+  if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
+  if (m_ucTaggedType == ASN1_EXPLICIT && h.constructed()) {
+    // Look through the explicit tag at the OCTET STRING inside it.
+    p += h.headerLength;
+    n = ContentLength(h);
+    if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
+  }
+  // Primitive, or not an OCTET STRING at all: the base decodes or reports it.
+  if (!h.constructed() || (h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo != ASN1_TAG_OCTETSTRING))
+    return ASN1OctetString::fromASN1Object(bsData);
+  ByteString value;
+  if (joinSegments(p + h.headerLength, ContentLength(h), 0, &value) != 0)
+    return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, "ASN1 Format Error");
+  m_bsValue = std::move(value);
+  m_ucConstructed = 0;
+  m_nErrorCode = 0;
+  return 0;
+}

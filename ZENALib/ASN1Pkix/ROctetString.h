@@ -1,0 +1,18 @@
+// ROctetString: an OCTET STRING member that may arrive in the BER
+// constructed form (a series of OCTET STRING segments, possibly under an
+// indefinite length), as streaming CMS writers produce for eContent and
+// encryptedContent. Decoding joins the segments into one value; encoding
+// writes the primitive DER form. The primitive form decodes as
+// ASN1OctetString does.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1OctetString.h"
+
+class ROctetString : public ASN1OctetString {
+ public:
+  int fromASN1Object(const ByteString& bsData) override;
+
+ private:
+  // Appends the segments in (p, n) to *pOut; 0 or R_ERR_FORMAT.
+  static int joinSegments(const unsigned char* p, int n, int nDepth, ByteString* pOut);
+};
