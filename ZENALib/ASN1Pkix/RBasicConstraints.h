@@ -1,0 +1,14 @@
+// BasicConstraints ::= SEQUENCE {                      (RFC 5280 4.2.1.9)
+//   cA                BOOLEAN DEFAULT FALSE,
+//   pathLenConstraint INTEGER (0..MAX) OPTIONAL }
+#pragma once
+
+#include "ZENALib/ASN1/ASN1Boolean.h"
+#include "ZENALib/ASN1/ASN1Integer.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RBasicConstraints : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1Boolean, CA, cA)
+  R_COMPONENT(ASN1Integer, PathLenConstraint, pathLenConstraint)
+};

@@ -1,0 +1,10 @@
+// certificatePolicies ::= SEQUENCE SIZE (1..MAX) OF PolicyInformation   (RFC 5280 4.2.1.4)
+#pragma once
+
+#include "ZENALib/ASN1Pkix/RPolicyInformation.h"
+#include "ZENALib/ASN1Pkix/RListOf.h"
+
+class RCertificatePolicies : public RListOf<RPolicyInformation> {
+ public:
+  RCertificatePolicies() : RListOf("RCertificatePolicies") {}
+};

@@ -1,0 +1,23 @@
+// IssuingDistributionPoint ::= SEQUENCE {              (RFC 5280 5.2.5)
+//   distributionPoint          [0] DistributionPointName OPTIONAL,
+//   onlyContainsUserCerts      [1] BOOLEAN DEFAULT FALSE,
+//   onlyContainsCACerts        [2] BOOLEAN DEFAULT FALSE,
+//   onlySomeReasons            [3] ReasonFlags OPTIONAL,
+//   indirectCRL                [4] BOOLEAN DEFAULT FALSE,
+//   onlyContainsAttributeCerts [5] BOOLEAN DEFAULT FALSE }
+#pragma once
+
+#include "ZENALib/ASN1/ASN1BitString.h"
+#include "ZENALib/ASN1/ASN1Boolean.h"
+#include "ZENALib/ASN1Pkix/RDistributionPointName.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RIssuingDistributionPoint : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(RDistributionPointName, DistributionPoint, distributionPoint)
+  R_COMPONENT(ASN1Boolean, OnlyContainsUserCerts, onlyContainsUserCerts)
+  R_COMPONENT(ASN1Boolean, OnlyContainsCACerts, onlyContainsCACerts)
+  R_COMPONENT(ASN1BitString, OnlySomeReasons, onlySomeReasons)
+  R_COMPONENT(ASN1Boolean, IndirectCRL, indirectCRL)
+  R_COMPONENT(ASN1Boolean, OnlyContainsAttributeCerts, onlyContainsAttributeCerts)
+};

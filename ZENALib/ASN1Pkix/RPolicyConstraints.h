@@ -1,0 +1,14 @@
+// PolicyConstraints ::= SEQUENCE {                     (RFC 5280 4.2.1.11)
+//   requireExplicitPolicy [0] SkipCerts OPTIONAL,
+//   inhibitPolicyMapping  [1] SkipCerts OPTIONAL }
+// SkipCerts ::= INTEGER (0..MAX); the module is implicitly tagged.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1Integer.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RPolicyConstraints : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1Integer, RequireExplicitPolicy, requireExplicitPolicy)
+  R_COMPONENT(ASN1Integer, InhibitPolicyMapping, inhibitPolicyMapping)
+};

@@ -1,0 +1,13 @@
+// PrivateKeyUsagePeriod ::= SEQUENCE {                 (RFC 3280 4.2.1.4)
+//   notBefore [0] GeneralizedTime OPTIONAL,
+//   notAfter  [1] GeneralizedTime OPTIONAL }
+#pragma once
+
+#include "ZENALib/ASN1/ASN1GeneralizedTime.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RPrivateKeyUsagePeriod : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1GeneralizedTime, NotBefore, notBefore)
+  R_COMPONENT(ASN1GeneralizedTime, NotAfter, notAfter)
+};
