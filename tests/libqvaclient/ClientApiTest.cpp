@@ -170,14 +170,21 @@ TEST_F(ClientApi, MalformedAnswerDumpIsReplacedByTheNext) {
 }
 
 TEST_F(ClientApi, RequestsGoOutByteForByte) {
-  FakeServer server({Answer{{PlainAnswer(0, {"0"})}}, Answer{{PlainAnswer(0, {"0"})}}});
+  FakeServer server(
+      {Answer{{PlainAnswer(0, {"0"})}}, Answer{{PlainAnswer(0, {"0"})}}, Answer{{PlainAnswer(0, {"0"})}}});
   Open("127.0.0.1", server.port());
   ASSERT_EQ(QVA_Verify(m_client, "AB", kData, sizeof kData), 0);
   const unsigned char cert[] = {0x30, 0x82};
   ASSERT_EQ(QVA_RegisterCert(m_client, cert, sizeof cert), 0);
+  // A null first item is not refused: it goes out as an empty item.
+  ASSERT_EQ(QVA_Verify(m_client, nullptr, kData, sizeof kData), 0);
   server.Join();
   const auto requests = server.Requests();
-  ASSERT_EQ(requests.size(), 2u);
+  ASSERT_EQ(requests.size(), 3u);
+  // The roaming body: its length, then the item list [empty, 01 02 03].
+  const std::string tail = requests[2].substr(requests[2].size() - 19);
+  EXPECT_EQ(qvatest::ToHex(ByteString(tail.data(), 19)),
+            qvatest::ToHex(qvatest::Hex("0000000f 00000002 00000000 00000003 010203")));
   // frame | plain record header, data length | roaming: type 6A, status 0,
   // identifier R, reference R, body length | item list [AB, 01 02 03]
   EXPECT_EQ(qvatest::ToHex(ByteString(requests[0].data(), static_cast<int>(requests[0].size()))),
