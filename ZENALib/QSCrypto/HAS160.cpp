@@ -32,7 +32,8 @@ inline std::uint32_t F3(std::uint32_t x, std::uint32_t y, std::uint32_t z) { ret
 // the caller names them in the shifted order for the next step.
 #define HAS160_STEP(F, a, b, c, d, e, x, s1, s2, k) \
   do {                                              \
-    e += Rotl(a, s1) + F(b, c, d) + (x) + (k);      \
+    e += (x) + (k) + F(b, c, d);                    \
+    e += Rotl(a, s1);                               \
     b = Rotl(b, s2);                                \
   } while (0)
 
