@@ -254,3 +254,75 @@ TEST(X509Corpus, CrlsRoundTripWithEntryExtensions) {
   for (const char* id : {"2 5 29 21", "2 5 29 23", "2 5 29 24", "2 5 29 29", "2 5 29 20", "2 5 29 27", "2 5 29 28"})
     EXPECT_GT(seen[id], 0) << id;
 }
+
+// Real certificates of the Korean PKI: each round-trips and every extension
+// decodes with its class (including the identity-verification otherName in
+// the subject alternative name and BMPString user notices).
+TEST(X509Korean, CertificatesAndCrlRoundTrip) {
+  std::map<std::string, int> seen;
+  int n = 0;
+  for (const auto& path : Files("pkix/x509/korean/certs")) {
+    SCOPED_TRACE(path);
+    RCertificate cert;
+    ASSERT_TRUE(RoundTrips(cert, qvatest::ReadFileBs(path)));
+    ASSERT_TRUE(cert.getTbsCertificate().hasExtensions());
+    CheckExtensions(cert.getTbsCertificate().getExtensions(), &seen);
+    ++n;
+  }
+  EXPECT_EQ(n, 5);
+  EXPECT_GT(seen["2 5 29 32"], 0);
+  EXPECT_GT(seen["2 5 29 17"], 0);
+
+  RCertificateList crl;
+  ASSERT_TRUE(RoundTrips(crl, qvatest::ReadFileBs(qvatest::DataPath("pkix/x509/korean/crl/KISA-RootCA-4.crl"))));
+  const RTBSCertList& tbs = crl.getTbsCertList();
+  // A v2 CRL without revoked certificates (the member is left out, not
+  // empty) and with an authority key identifier naming the issuer by
+  // directory name and serial.
+  EXPECT_TRUE(tbs.hasVersion());
+  EXPECT_TRUE(tbs.hasNextUpdate());
+  EXPECT_FALSE(tbs.hasRevokedCertificates());
+  ASSERT_TRUE(tbs.hasCrlExtensions());
+  CheckExtensions(tbs.getCrlExtensions(), &seen);
+  bool aki = false;
+  for (const RExtension& e : tbs.getCrlExtensions().items()) {
+    if (OidOf(e.getExtnID()) != "2 5 29 35") continue;
+    RAuthorityKeyIdentifier id;
+    ASSERT_EQ(id.fromASN1Object(e.getExtnValue().getValue()), 0);
+    ASSERT_TRUE(id.hasAuthorityCertIssuer());
+    EXPECT_TRUE(id.getAuthorityCertIssuer().getAt(0)->isDirectoryName());
+    EXPECT_TRUE(id.hasAuthorityCertSerialNumber());
+    aki = true;
+  }
+  EXPECT_TRUE(aki);
+}
+
+// The CA bundles (SEQUENCE OF Certificate): each decodes into as many
+// certificates as its split folder holds, and item i encodes to exactly the
+// bytes of split file i.
+TEST(X509Korean, CaPubsBundles) {
+  struct Row {
+    const char* bundle;
+    const char* split;  // folder of the byte-exact slices, or null
+  } rows[] = {
+      {"3280CaPubs.der", "split_3280CaPubs"},
+      {"CaPubs_All.der", "split_CaPubs_All"},
+      {"ServerCert_CaPubs.der", nullptr},
+  };
+  for (const auto& r : rows) {
+    SCOPED_TRACE(r.bundle);
+    RPCaPubs bundle;
+    ASSERT_TRUE(RoundTrips(bundle, qvatest::ReadFileBs(qvatest::DataPath(std::string("pkix/x509/korean/capubs/") +
+                                                                             r.bundle))));
+    ASSERT_GT(bundle.getCount(), 0);
+    std::map<std::string, int> seen;
+    for (RCertificate& cert : const_cast<std::vector<RCertificate>&>(bundle.items())) {
+      if (cert.getTbsCertificate().hasExtensions()) CheckExtensions(cert.getTbsCertificate().getExtensions(), &seen);
+    }
+    if (!r.split) continue;
+    const auto slices = Files(std::string("pkix/x509/korean/capubs/") + r.split);
+    ASSERT_EQ(static_cast<int>(slices.size()), bundle.getCount());
+    for (int i = 0; i < bundle.getCount(); ++i)
+      EXPECT_EQ(bundle.getAt(i)->toASN1Object(), qvatest::ReadFileBs(slices[static_cast<std::size_t>(i)])) << i;
+  }
+}
