@@ -16,6 +16,20 @@ constexpr int kConnectWaitSeconds = 2;
 
 std::atomic<CSocketClient::Allocator> g_recvAllocator{&std::calloc};
 
+// Calls io on the rest of the n bytes at p until all are through or a call
+// returns below 1; returns how many bytes are left.
+template <typename Byte>
+std::size_t TransferAll(long (*io)(qva_net::SocketHandle, Byte*, std::size_t), qva_net::SocketHandle s, Byte* p,
+                        std::size_t n) {
+  while (n > 0) {
+    const long done = io(s, p, n);
+    if (done < 1) break;
+    p += done;
+    n -= static_cast<std::size_t>(done);
+  }
+  return n;
+}
+
 struct FreeDeleter {
   void operator()(unsigned char* p) const { std::free(p); }
 };
@@ -100,14 +114,8 @@ int CSocketClient::Write(const ByteString& payload) {
   const int rc = w.finish(&frame);
   if (rc != BS_OK) return rc;
 
-  const unsigned char* p = frame.data();
-  std::size_t left = static_cast<std::size_t>(frame.length());
-  while (left > 0) {
-    const long sent = qva_net::SendSome(m_hSocket, p, left);
-    if (sent < 1) break;
-    p += sent;
-    left -= static_cast<std::size_t>(sent);
-  }
+  const std::size_t left =
+      TransferAll(qva_net::SendSome, m_hSocket, frame.data(), static_cast<std::size_t>(frame.length()));
   if (left > 0) {
     TraceSystemError("CSocketClient::Write", "send fail", ERR_SOCKET_SEND, qva_net::LastError());
     return ERR_SOCKET_SEND;
@@ -139,15 +147,7 @@ int CSocketClient::Recv() {
     return ERR_SOCKET_CALLOC;
   }
 
-  unsigned char* p = buffer.get();
-  std::size_t left = length;
-  while (left > 0) {
-    const long got = qva_net::RecvSome(m_hSocket, p, left);
-    if (got < 1) break;
-    p += got;
-    left -= static_cast<std::size_t>(got);
-  }
-  if (left > 0) {
+  if (TransferAll(qva_net::RecvSome, m_hSocket, buffer.get(), length) > 0) {
     QVA_ERROR_TRACE("CSocketClient::Recv", "recv fail", ERR_SOCKET_RECV, nullptr);
     return ERR_SOCKET_RECV;
   }

@@ -5,6 +5,7 @@
 
 #include "base/Messages.h"
 #include "libaibase/clroamingmessage.h"
+#include "tests/libaibase/ScopedTempCwd.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
@@ -13,23 +14,14 @@ using qvatest::ToHex;
 
 namespace {
 
-// Runs each test in a fresh folder: the parser writes its dump file into
+// Each test runs in a fresh folder: the parser writes its dump file into
 // the current directory.
 class RoamingMessage : public ::testing::Test {
  protected:
-  void SetUp() override {
-    char buf[4096];
-    ASSERT_NE(getcwd(buf, sizeof buf), nullptr);
-    m_old = buf;
-    ASSERT_EQ(chdir(m_dir.path().c_str()), 0);
-  }
-  void TearDown() override { ASSERT_EQ(chdir(m_old.c_str()), 0); }
-
   bool DumpExists() const { return access(m_dir.file("wrongRoamingMessage.txt").c_str(), F_OK) == 0; }
   std::string Dump() const { return qvatest::ReadFile(m_dir.file("wrongRoamingMessage.txt")); }
 
-  qvatest::TempDir m_dir;
-  std::string m_old;
+  qvatest::ScopedTempCwd m_dir;
 };
 
 const std::string kLengthTrace =

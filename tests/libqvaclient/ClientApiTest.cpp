@@ -9,6 +9,7 @@
 #include "base/Messages.h"
 #include "base/platform/SystemError.h"
 #include "qva/qva.h"
+#include "tests/libaibase/ScopedTempCwd.h"
 #include "tests/libqvaclient/FakeServer.h"
 #include "tests/support/TestUtil.h"
 
@@ -48,17 +49,10 @@ Outcome Verify(void* client, const char* first = "AB") {
 // directory) with one client handle.
 class ClientApi : public ::testing::Test {
  protected:
-  void SetUp() override {
-    char buf[4096];
-    ASSERT_NE(getcwd(buf, sizeof buf), nullptr);
-    m_old = buf;
-    ASSERT_EQ(chdir(m_dir.path().c_str()), 0);
-  }
   void TearDown() override {
     if (m_client) {
       EXPECT_EQ(QVA_Release(m_client), 0);
     }
-    ASSERT_EQ(chdir(m_old.c_str()), 0);
   }
   void Open(const char* host, int port) {
     if (m_client) QVA_Release(m_client);
@@ -67,8 +61,7 @@ class ClientApi : public ::testing::Test {
   }
   std::string DumpFile() const { return qvatest::ReadFile(m_dir.file("wrongRoamingMessage.txt")); }
 
-  qvatest::TempDir m_dir;
-  std::string m_old;
+  qvatest::ScopedTempCwd m_dir;
   void* m_client = nullptr;
 };
 
