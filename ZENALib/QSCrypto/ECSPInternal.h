@@ -6,6 +6,7 @@
 #include <openssl/evp.h>
 
 #include <cstddef>
+#include <memory>
 
 #include "ZENALib/QSCrypto/ECSP.h"
 #include "ZENALib/QSCrypto/HAS160.h"
@@ -90,5 +91,32 @@ class CoreLock {
  private:
   bool m_bHeld = false;
 };
+
+// The staged calls (MACs, signatures): each adds its stage to a failing
+// code, refuses a context of the other direction (generate/verify), and
+// the final step releases the context.
+template <class Ctx, class Start>
+int StagedInit(Ctx** ppCtx, Start start) {
+  if (!ppCtx) return ECSP_STAGE_INIT + ECSP_INVALID_DATA_POINTER;
+  std::unique_ptr<Ctx> ctx;
+  if (int rc = start(&ctx)) return ECSP_STAGE_INIT + rc;
+  *ppCtx = ctx.release();
+  return ECSP_OK;
+}
+
+template <class Ctx, class Step>
+int StagedUpdate(Ctx* pCtx, bool bVerify, Step step) {
+  if (!pCtx || pCtx->bVerify != bVerify) return ECSP_STAGE_UPDATE + ECSP_INVALID_CLASS;
+  const int rc = step(pCtx);
+  return rc ? ECSP_STAGE_UPDATE + rc : ECSP_OK;
+}
+
+template <class Ctx, class Finish>
+int StagedFinal(Ctx* pCtx, bool bVerify, Finish finish) {
+  if (!pCtx || pCtx->bVerify != bVerify) return ECSP_STAGE_FINAL + ECSP_INVALID_CLASS;
+  const int rc = finish(pCtx);
+  delete pCtx;
+  return rc ? ECSP_STAGE_FINAL + rc : ECSP_OK;
+}
 
 }  // namespace ecsp_internal

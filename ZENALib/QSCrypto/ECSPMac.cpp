@@ -95,20 +95,6 @@ int FinishVerify(ECSP_MAC_CTX* ctx, const unsigned char* pMac, int nMacLen) {
   return CRYPTO_memcmp(mac, pMac, static_cast<std::size_t>(nMacLen)) == 0 ? ECSP_OK : ECSP_VERIFY_FAIL;
 }
 
-int StagedInit(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_MAC_CTX** ppCtx) {
-  if (!ppCtx) return ECSP_STAGE_INIT + ECSP_INVALID_DATA_POINTER;
-  std::unique_ptr<ECSP_MAC_CTX> ctx;
-  if (int rc = StartMac(bVerify, nAlgID, pKey, nKeyLen, &ctx)) return ECSP_STAGE_INIT + rc;
-  *ppCtx = ctx.release();
-  return ECSP_OK;
-}
-
-int StagedUpdate(bool bVerify, ECSP_MAC_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  if (!pCtx || pCtx->bVerify != bVerify) return ECSP_STAGE_UPDATE + ECSP_INVALID_CLASS;
-  const int rc = UpdateMac(pCtx, pIn, nInLen);
-  return rc ? ECSP_STAGE_UPDATE + rc : ECSP_OK;
-}
-
 }  // namespace
 
 int ECSP_GenerateMAC(int nAlgID, const unsigned char* pKey, int nKeyLen, const unsigned char* pIn, int nInLen,
@@ -128,33 +114,27 @@ int ECSP_VerifyMAC(int nAlgID, const unsigned char* pKey, int nKeyLen, const uns
 }
 
 int ECSP_GenerateMACInit(int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_MAC_CTX** ppCtx) {
-  return StagedInit(false, nAlgID, pKey, nKeyLen, ppCtx);
+  return StagedInit(ppCtx, [&](std::unique_ptr<ECSP_MAC_CTX>* p) { return StartMac(false, nAlgID, pKey, nKeyLen, p); });
 }
 
 int ECSP_GenerateMACUpdate(ECSP_MAC_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  return StagedUpdate(false, pCtx, pIn, nInLen);
+  return StagedUpdate(pCtx, false, [&](ECSP_MAC_CTX* c) { return UpdateMac(c, pIn, nInLen); });
 }
 
 int ECSP_GenerateMACFinal(ECSP_MAC_CTX* pCtx, ByteString* pMac) {
-  if (!pCtx || pCtx->bVerify) return ECSP_STAGE_FINAL + ECSP_INVALID_CLASS;
-  const int rc = FinishGenerate(pCtx, pMac);
-  delete pCtx;
-  return rc ? ECSP_STAGE_FINAL + rc : ECSP_OK;
+  return StagedFinal(pCtx, false, [&](ECSP_MAC_CTX* c) { return FinishGenerate(c, pMac); });
 }
 
 int ECSP_VerifyMACInit(int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_MAC_CTX** ppCtx) {
-  return StagedInit(true, nAlgID, pKey, nKeyLen, ppCtx);
+  return StagedInit(ppCtx, [&](std::unique_ptr<ECSP_MAC_CTX>* p) { return StartMac(true, nAlgID, pKey, nKeyLen, p); });
 }
 
 int ECSP_VerifyMACUpdate(ECSP_MAC_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  return StagedUpdate(true, pCtx, pIn, nInLen);
+  return StagedUpdate(pCtx, true, [&](ECSP_MAC_CTX* c) { return UpdateMac(c, pIn, nInLen); });
 }
 
 int ECSP_VerifyMACFinal(ECSP_MAC_CTX* pCtx, const unsigned char* pMac, int nMacLen) {
-  if (!pCtx || !pCtx->bVerify) return ECSP_STAGE_FINAL + ECSP_INVALID_CLASS;
-  const int rc = FinishVerify(pCtx, pMac, nMacLen);
-  delete pCtx;
-  return rc ? ECSP_STAGE_FINAL + rc : ECSP_OK;
+  return StagedFinal(pCtx, true, [&](ECSP_MAC_CTX* c) { return FinishVerify(c, pMac, nMacLen); });
 }
 
 void ECSP_MACFree(ECSP_MAC_CTX* pCtx) { delete pCtx; }

@@ -290,52 +290,28 @@ int ECSP_VerifyData(int nAlgID, const unsigned char* pKey, int nKeyLen, const un
   return FinishVerify(ctx.get(), pSig, nSigLen);
 }
 
-namespace {
-
-int StagedStart(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_SIGN_CTX** ppCtx) {
-  if (!ppCtx) return ECSP_STAGE_INIT + ECSP_INVALID_DATA_POINTER;
-  std::unique_ptr<ECSP_SIGN_CTX> ctx;
-  if (int rc = StartSign(bVerify, nAlgID, pKey, nKeyLen, &ctx)) return ECSP_STAGE_INIT + rc;
-  *ppCtx = ctx.release();
-  return ECSP_OK;
-}
-
-int StagedUpdate(bool bVerify, ECSP_SIGN_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  if (!pCtx || pCtx->bVerify != bVerify) return ECSP_STAGE_UPDATE + ECSP_INVALID_CLASS;
-  const int rc = UpdateSign(pCtx, pIn, nInLen);
-  return rc ? ECSP_STAGE_UPDATE + rc : ECSP_OK;
-}
-
-}  // namespace
-
 int ECSP_SignDataInit(int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_SIGN_CTX** ppCtx) {
-  return StagedStart(false, nAlgID, pKey, nKeyLen, ppCtx);
+  return StagedInit(ppCtx, [&](std::unique_ptr<ECSP_SIGN_CTX>* p) { return StartSign(false, nAlgID, pKey, nKeyLen, p); });
 }
 
 int ECSP_SignDataUpdate(ECSP_SIGN_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  return StagedUpdate(false, pCtx, pIn, nInLen);
+  return StagedUpdate(pCtx, false, [&](ECSP_SIGN_CTX* c) { return UpdateSign(c, pIn, nInLen); });
 }
 
 int ECSP_SignDataFinal(ECSP_SIGN_CTX* pCtx, ByteString* pSignature) {
-  if (!pCtx || pCtx->bVerify) return ECSP_STAGE_FINAL + ECSP_INVALID_CLASS;
-  const int rc = FinishSign(pCtx, pSignature);
-  delete pCtx;
-  return rc ? ECSP_STAGE_FINAL + rc : ECSP_OK;
+  return StagedFinal(pCtx, false, [&](ECSP_SIGN_CTX* c) { return FinishSign(c, pSignature); });
 }
 
 int ECSP_VerifyDataInit(int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_SIGN_CTX** ppCtx) {
-  return StagedStart(true, nAlgID, pKey, nKeyLen, ppCtx);
+  return StagedInit(ppCtx, [&](std::unique_ptr<ECSP_SIGN_CTX>* p) { return StartSign(true, nAlgID, pKey, nKeyLen, p); });
 }
 
 int ECSP_VerifyDataUpdate(ECSP_SIGN_CTX* pCtx, const unsigned char* pIn, int nInLen) {
-  return StagedUpdate(true, pCtx, pIn, nInLen);
+  return StagedUpdate(pCtx, true, [&](ECSP_SIGN_CTX* c) { return UpdateSign(c, pIn, nInLen); });
 }
 
 int ECSP_VerifyDataFinal(ECSP_SIGN_CTX* pCtx, const unsigned char* pSig, int nSigLen) {
-  if (!pCtx || !pCtx->bVerify) return ECSP_STAGE_FINAL + ECSP_INVALID_CLASS;
-  const int rc = FinishVerify(pCtx, pSig, nSigLen);
-  delete pCtx;
-  return rc ? ECSP_STAGE_FINAL + rc : ECSP_OK;
+  return StagedFinal(pCtx, true, [&](ECSP_SIGN_CTX* c) { return FinishVerify(c, pSig, nSigLen); });
 }
 
 void ECSP_SignDataFree(ECSP_SIGN_CTX* pCtx) { delete pCtx; }
