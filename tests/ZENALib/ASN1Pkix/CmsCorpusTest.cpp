@@ -72,6 +72,17 @@ ByteString Component(const ByteString& der, int i) {
   return ByteString(p, n);
 }
 
+// Decodes the ContentInfo `der` and its content into obj.
+template <typename T>
+::testing::AssertionResult ContentOf(const ByteString& der, T& obj) {
+  RContentInfo ci;
+  if (ci.fromASN1Object(der) != 0)
+    return ::testing::AssertionFailure() << "ContentInfo: " << ci.getErrorMessage().c_str();
+  if (obj.fromASN1Object(ci.getContent().getElement()) != 0)
+    return ::testing::AssertionFailure() << "content: " << obj.getErrorMessage().c_str();
+  return ::testing::AssertionSuccess();
+}
+
 // Round trips of the structures inside a SignedData: the TSTInfo of a
 // time-stamp token and the ESS signingCertificate attributes. Returns how
 // many inner objects were checked.
@@ -124,6 +135,17 @@ int CheckContentInfo(const ByteString& der, const std::string& name) {
   }
   ADD_FAILURE() << name << ": unexpected content type " << type;
   return 0;
+}
+
+// Decodes content into obj and returns obj's encoding, which must decode to
+// itself.
+template <typename T>
+ByteString Reencode(const ByteString& content, T& obj) {
+  EXPECT_EQ(obj.fromASN1Object(content), 0) << obj.getErrorMessage().c_str();
+  const ByteString out = obj.toASN1Object();
+  T again;
+  EXPECT_TRUE(RoundTrips(again, out));
+  return out;
 }
 
 }  // namespace
@@ -191,10 +213,8 @@ TEST(CmsCorpus, SignedDataMembers) {
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(r.file);
-    RContentInfo ci;
-    ASSERT_EQ(ci.fromASN1Object(Load(r.file)), 0);
     RSignedData sd;
-    ASSERT_EQ(sd.fromASN1Object(ci.getContent().getElement()), 0) << sd.getErrorMessage().c_str();
+    ASSERT_TRUE(ContentOf(Load(r.file), sd));
     EXPECT_EQ(sd.getVersion().getInteger(), r.version);
     EXPECT_EQ(sd.getDigestAlgorithms().getCount(), r.digestAlgorithms);
     EXPECT_EQ(sd.hasCertificates() ? sd.getCertificates().getCount() : -1, r.certificates);
@@ -236,10 +256,8 @@ TEST(CmsCorpus, AttachedContent) {
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(r.file);
-    RContentInfo ci;
     RSignedData sd;
-    ASSERT_EQ(ci.fromASN1Object(Load(r.file)), 0);
-    ASSERT_EQ(sd.fromASN1Object(ci.getContent().getElement()), 0);
+    ASSERT_TRUE(ContentOf(Load(r.file), sd));
     EXPECT_EQ(Oid(sd.getEncapContentInfo().getEContentType()), kData);
     ASSERT_TRUE(sd.getEncapContentInfo().hasEContent());
     EXPECT_EQ(qvatest::Str(sd.getEncapContentInfo().getEContent().getValue()), r.content);
@@ -267,10 +285,8 @@ TEST(CmsCorpus, RecipientInfoKinds) {
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(r.file);
-    RContentInfo ci;
     REnvelopedData ed;
-    ASSERT_EQ(ci.fromASN1Object(Load(r.file)), 0);
-    ASSERT_EQ(ed.fromASN1Object(ci.getContent().getElement()), 0) << ed.getErrorMessage().c_str();
+    ASSERT_TRUE(ContentOf(Load(r.file), ed));
     ASSERT_EQ(ed.getRecipientInfos().getCount(), static_cast<int>(r.kinds.size()));
     EXPECT_EQ(Oid(ed.getEncryptedContentInfo().getContentType()), kData);
     EXPECT_TRUE(ed.getEncryptedContentInfo().hasEncryptedContent());
@@ -310,10 +326,8 @@ TEST(CmsCorpus, RecipientInfoKinds) {
                                                   {"env_kekri_aes256.der", "0badf00d0badf00d"},
                                                   {"env_kekri_des3.der", "01"}};
   for (const auto& [file, id] : ids) {
-    RContentInfo ci;
     REnvelopedData ed;
-    ASSERT_EQ(ci.fromASN1Object(Load(file)), 0);
-    ASSERT_EQ(ed.fromASN1Object(ci.getContent().getElement()), 0);
+    ASSERT_TRUE(ContentOf(Load(file), ed));
     EXPECT_EQ(ToHex(ed.getRecipientInfos().getAt(0)->getKekri().getKekid().getKeyIdentifier().getValue()), id)
         << file;
   }
@@ -340,11 +354,9 @@ TEST(CmsCorpus, TimeStampTokens) {
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(r.file);
-    RContentInfo ci;
     RSignedData sd;
     RTSTInfo tst;
-    ASSERT_EQ(ci.fromASN1Object(Load(r.file)), 0);
-    ASSERT_EQ(sd.fromASN1Object(ci.getContent().getElement()), 0);
+    ASSERT_TRUE(ContentOf(Load(r.file), sd));
     ASSERT_EQ(tst.fromASN1Object(sd.getEncapContentInfo().getEContent().getValue()), 0)
         << tst.getErrorMessage().c_str();
     EXPECT_EQ(tst.getVersion().getInteger(), 1);
@@ -414,11 +426,9 @@ TEST(CmsCorpus, MessageImprintMatchesDigest) {
     std::transform(got.begin(), got.end(), got.begin(), ::tolower);
     EXPECT_EQ(got, expected);
 
-    RContentInfo ci;
     RSignedData sd;
     RTSTInfo tst;
-    ASSERT_EQ(ci.fromASN1Object(Component(Load(r.reply), 1)), 0);
-    ASSERT_EQ(sd.fromASN1Object(ci.getContent().getElement()), 0);
+    ASSERT_TRUE(ContentOf(Component(Load(r.reply), 1), sd));
     ASSERT_EQ(tst.fromASN1Object(sd.getEncapContentInfo().getEContent().getValue()), 0);
     EXPECT_EQ(tst.getMessageImprint().toASN1Object(), mi.toASN1Object());
   }
@@ -468,20 +478,13 @@ TEST(CmsCorpus, IndefiniteLengthForms) {
     const ByteString content = ci.getContent().getElement();
     const std::string type = Oid(ci.getContentType());
 
-    // Our re-encoding is DER: openssl reads it, and it decodes to itself.
-    ByteString der;
+    // Our re-encoding is DER: it decodes to itself, and openssl reads it.
     ByteString reencoded;
     if (type == kSignedData) {
-      RSignedData sd;
-      ASSERT_EQ(sd.fromASN1Object(content), 0) << sd.getErrorMessage().c_str();
-      reencoded = sd.toASN1Object();
-      RSignedData again;
-      EXPECT_TRUE(RoundTrips(again, reencoded));
+      RSignedData sd, sd2;
+      reencoded = Reencode(content, sd);
       if (r.der) {
-        RContentInfo ci2;
-        RSignedData sd2;
-        ASSERT_EQ(ci2.fromASN1Object(Load(r.der)), 0);
-        ASSERT_EQ(sd2.fromASN1Object(ci2.getContent().getElement()), 0);
+        ASSERT_TRUE(ContentOf(Load(r.der), sd2));
         EXPECT_EQ(sd.getDigestAlgorithms().toASN1Object(), sd2.getDigestAlgorithms().toASN1Object());
         EXPECT_EQ(sd.getEncapContentInfo().toASN1Object(), sd2.getEncapContentInfo().toASN1Object());
         EXPECT_EQ(sd.getCertificates().toASN1Object(), sd2.getCertificates().toASN1Object());
@@ -489,33 +492,21 @@ TEST(CmsCorpus, IndefiniteLengthForms) {
                   sd2.getSignerInfos().getAt(0)->getSid().toASN1Object());
       }
     } else if (type == kEnvelopedData) {
-      REnvelopedData ed;
-      ASSERT_EQ(ed.fromASN1Object(content), 0) << ed.getErrorMessage().c_str();
-      reencoded = ed.toASN1Object();
-      REnvelopedData again;
-      EXPECT_TRUE(RoundTrips(again, reencoded));
+      REnvelopedData ed, ed2;
+      reencoded = Reencode(content, ed);
       if (r.der) {
-        RContentInfo ci2;
-        REnvelopedData ed2;
-        ASSERT_EQ(ci2.fromASN1Object(Load(r.der)), 0);
-        ASSERT_EQ(ed2.fromASN1Object(ci2.getContent().getElement()), 0);
+        ASSERT_TRUE(ContentOf(Load(r.der), ed2));
         EXPECT_EQ(ed.getRecipientInfos().getCount(), ed2.getRecipientInfos().getCount());
         EXPECT_EQ(ed.getRecipientInfos().getAt(0)->getSelected(), ed2.getRecipientInfos().getAt(0)->getSelected());
+        // Same input and cipher: only the keys and IVs differ, so the lengths match.
         EXPECT_EQ(ed.getEncryptedContentInfo().getEncryptedContent().getValueLength(),
                   ed2.getEncryptedContentInfo().getEncryptedContent().getValueLength());
       }
     } else {
       ASSERT_EQ(type, kEncryptedData);
-      REncryptedData ed;
-      ASSERT_EQ(ed.fromASN1Object(content), 0) << ed.getErrorMessage().c_str();
-      reencoded = ed.toASN1Object();
-      REncryptedData again;
-      EXPECT_TRUE(RoundTrips(again, reencoded));
-      RContentInfo ci2;
-      REncryptedData ed2;
-      ASSERT_EQ(ci2.fromASN1Object(Load(r.der)), 0);
-      ASSERT_EQ(ed2.fromASN1Object(ci2.getContent().getElement()), 0);
-      // Same key and input: only the IV differs, so the lengths match.
+      REncryptedData ed, ed2;
+      reencoded = Reencode(content, ed);
+      ASSERT_TRUE(ContentOf(Load(r.der), ed2));
       EXPECT_EQ(ed.getEncryptedContentInfo().getEncryptedContent().getValueLength(),
                 ed2.getEncryptedContentInfo().getEncryptedContent().getValueLength());
     }
