@@ -176,9 +176,11 @@ int KCDSA_ParseKey(const unsigned char* p, int n, KCDSA_KEY** ppKey) {
   BnPtr items[kMaxIntegers];
   int count = 0;
   if (int rc = ReadIntegerSequence(p, n, 4, 5, items, &count)) return rc == ECSP_MEMORY_ERROR ? rc : ECSP_INVALID_KEY;
-  // q must be odd and smaller than p, g and y inside (1, p), x inside (0, q).
+  // q odd, of 128..512 bits (a tiny q would leave no nonce to draw) and
+  // smaller than p; g and y inside (1, p); x inside (0, q).
   BIGNUM *bp = items[0].get(), *bq = items[1].get();
-  if (BN_num_bits(bp) < 512 || BN_num_bits(bp) > 4096 || !BN_is_odd(bq) || BN_cmp(bq, bp) >= 0 ||
+  if (BN_num_bits(bp) < 512 || BN_num_bits(bp) > 4096 || !BN_is_odd(bq) || BN_num_bits(bq) < 128 ||
+      BN_num_bits(bq) > 512 || BN_cmp(bq, bp) >= 0 ||
       BN_is_zero(items[2].get()) || BN_is_one(items[2].get()) || BN_cmp(items[2].get(), bp) >= 0 ||
       BN_is_zero(items[3].get()) || BN_cmp(items[3].get(), bp) >= 0 ||
       (count == 5 && (BN_is_zero(items[4].get()) || BN_cmp(items[4].get(), bq) >= 0))) {
@@ -308,7 +310,12 @@ int KCDSA_GenerateKeyPair(int nPBits, const ByteString& bsDomain, ByteString* pP
   if (bsDomain.length() > 0) {
     int count = 0;
     if (ReadIntegerSequence(bsDomain.data(), bsDomain.length(), 3, 3, items, &count)) return ECSP_INVALID_KEY;
-    if (BN_num_bits(items[0].get()) != nPBits) return ECSP_INVALID_KEY;
+    // The same bounds as a parsed key: a tiny q would leave no x to draw.
+    const int qBits = BN_num_bits(items[1].get());
+    if (BN_num_bits(items[0].get()) != nPBits || qBits < 128 || qBits > 512 ||
+        BN_cmp(items[1].get(), items[0].get()) >= 0 || BN_is_zero(items[2].get()) || BN_is_one(items[2].get())) {
+      return ECSP_INVALID_KEY;
+    }
   } else if (int rc = GenerateDomain(nPBits, ctx.get(), items)) {
     return rc;
   }

@@ -206,6 +206,35 @@ TEST(QSHash, FinalReleasesTheContext) {
   EXPECT_EQ(UpperHex(md), "D41D8CD98F00B204E9800998ECF8427E");
 }
 
+// The digest a core number starts: the signature and OAEP numbers name
+// their digest; KCDSA with SHA-1 and ECDSA start theirs elsewhere.
+TEST(ECSPDigest, SelectionByCoreNumber) {
+  const ByteString msg("abc");
+  ByteString md5, sha1, sha256, has160;
+  ASSERT_EQ(ECSP_DigestData(ecsp::kMD5, msg.data(), msg.length(), &md5), 0);
+  ASSERT_EQ(ECSP_DigestData(ecsp::kSHA1, msg.data(), msg.length(), &sha1), 0);
+  ASSERT_EQ(ECSP_DigestData(ecsp::kSHA256, msg.data(), msg.length(), &sha256), 0);
+  ASSERT_EQ(ECSP_DigestData(ecsp::kHAS160, msg.data(), msg.length(), &has160), 0);
+  const struct {
+    int code;
+    const ByteString* want;  // null: no digest (105)
+  } rows[] = {
+      {ecsp::kMD5RSA512, &md5},         {ecsp::kMD5RSA2048, &md5},         {ecsp::kSHA1RSA1024, &sha1},
+      {ecsp::kRSAOAEP1024, &sha1},      {ecsp::kRSAOAEP2048, &sha1},       {ecsp::kSHA256RSA2048, &sha256},
+      {ecsp::kKCDSA_HAS160_1024, &has160}, {ecsp::kKCDSA_HAS160_2048, &has160},
+      {ecsp::kKCDSA_SHA1_1024, nullptr}, {ecsp::kECDSA_SHA1_K163, nullptr}, {ecsp::kKCDSA_HAS160_512, nullptr},
+      {ecsp::kSEED, nullptr},           {ecsp::kMD4, nullptr},
+  };
+  for (const auto& r : rows) {
+    ByteString md;
+    const int rc = ECSP_DigestData(r.code, msg.data(), msg.length(), &md);
+    EXPECT_EQ(rc, r.want ? 0 : 105) << r.code;
+    if (r.want) {
+      EXPECT_EQ(md, *r.want) << r.code;
+    }
+  }
+}
+
 // The core's text: stage by the thousands digit, row by code % 1000.
 TEST(ECSPErrorText, StageAndRow) {
   const struct {

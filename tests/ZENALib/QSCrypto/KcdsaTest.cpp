@@ -255,6 +255,7 @@ TEST(KCDSA, StagedSigningAndKeyChecks) {
   } bad[] = {
       {"x not below q", DerIntegers({v.at("P"), v.at("Q"), v.at("G"), v.at("Y"), v.at("Q")})},
       {"g of one", DerIntegers({v.at("P"), v.at("Q"), "01", v.at("Y")})},
+      {"q too short to draw a nonce", DerIntegers({v.at("P"), "03", v.at("G"), v.at("Y")})},
       {"three integers", DerIntegers({v.at("P"), v.at("Q"), v.at("G")})},
       {"trailing byte", [&] {
          ByteString t = pub;
