@@ -10,5 +10,5 @@ const RSchema RIdentifyData::kSchema =
 int RIdentifyData::getVID(int i, RVID* pVid) const {
   const RAttributeTypeAndValue* entry = hasUserInfo() ? m_userInfo.getAt(i) : nullptr;
   if (!entry || !pVid) return R_ERR_FORMAT;
-  return pVid->fromASN1Object(entry->getValue().getElement());
+  return pVid->fromASN1Object(entry->m_value.getElement());
 }

@@ -1,10 +1,10 @@
 // SigningCertificate ::= SEQUENCE {                            (RFC 2634 5.4)
 //   certs    SEQUENCE OF ESSCertID,
 //   policies SEQUENCE OF PolicyInformation OPTIONAL }
-// The policies are kept verbatim.
+// The policies have the shape of the certificatePolicies extension.
 #pragma once
 
-#include "ZENALib/ASN1Pkix/RAny.h"
+#include "ZENALib/ASN1Pkix/RCertificatePolicies.h"
 #include "ZENALib/ASN1Pkix/RESSCertID.h"
 #include "ZENALib/ASN1Pkix/RListOf.h"
 
@@ -17,5 +17,5 @@ class RESSCertIDs : public RListOf<RESSCertID> {
 class RSigningCertificate : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(RESSCertIDs, Certs, certs)
-  R_COMPONENT(RAny, Policies, policies)
+  R_COMPONENT(RCertificatePolicies, Policies, policies)
 };

@@ -264,6 +264,22 @@ TEST(CmsSchema, SettersEncodeAsOpensslBuilds) {
        },
        "asn1=SEQUENCE:rek\n[rek]\nrid=IMPLICIT:0,SEQUENCE:rkid\nk=FORMAT:HEX,OCTETSTRING:AABB\n"
        "[rkid]\nski=FORMAT:HEX,OCTETSTRING:0102\n"},
+      {"SigningCertificate with policies",
+       [] {
+         RSigningCertificate sc;
+         RESSCertID id;
+         id.getCertHash().setValue(Hex("00112233445566778899AABBCCDDEEFF00112233"));
+         sc.getCerts().add(id);
+         RPolicyInformation policy;
+         policy.getPolicyIdentifier().setOID("1 2 410 200004 2 1");
+         RCertificatePolicies policies;
+         policies.add(policy);
+         sc.setPolicies(policies);
+         return sc.toASN1Object();
+       },
+       "asn1=SEQUENCE:sc\n[sc]\ncerts=SEQUENCE:certs\npolicies=SEQUENCE:policies\n"
+       "[certs]\nid=SEQUENCE:id\n[id]\nh=FORMAT:HEX,OCTETSTRING:00112233445566778899AABBCCDDEEFF00112233\n"
+       "[policies]\np=SEQUENCE:p\n[p]\noid=OID:1.2.410.200004.2.1\n"},
       {"ContentInfo without content",
        [] {
          RContentInfo ci;
@@ -351,7 +367,7 @@ TEST(CmsSchema, KoreanIdentifyDataAndCertificatePair) {
     for (RGeneralName name : names.items()) {
       if (!name.isOtherName() || qvatest::Str(name.getOtherName().getTypeId().getOID()) != "1 2 410 200004 10 1 1")
         continue;
-      const ByteString& element = name.getOtherName().getValue().getElement();
+      const ByteString& element = name.getOtherName().m_value.getElement();  // [0] EXPLICIT value
       RIdentifyData id;
       ASSERT_EQ(id.fromASN1Object(element), 0) << id.getErrorMessage().c_str();
       EXPECT_EQ(ToHex(id.getRealName().getValue()), "ed858cec8aa4ed8ab8");  // "테스트" in UTF-8
@@ -366,7 +382,7 @@ TEST(CmsSchema, KoreanIdentifyDataAndCertificatePair) {
       EXPECT_EQ(id.getVID(1, &vid), R_ERR_FORMAT);  // no second entry
       // Both encode back to the certificate's bytes.
       EXPECT_EQ(id.toASN1Object(), element);
-      const ByteString& vidElement = id.getUserInfo().getAt(0)->getValue().getElement();
+      const ByteString& vidElement = id.getUserInfo().getAt(0)->m_value.getElement();
       EXPECT_EQ(vid.toASN1Object(), vidElement);
       ++found;
     }
