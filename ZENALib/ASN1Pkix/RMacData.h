@@ -13,4 +13,8 @@ class RMacData : public RStructure {
   R_COMPONENT(RDigestInfo, Mac, mac)
   R_COMPONENT(ASN1OctetString, MacSalt, macSalt)
   R_COMPONENT(ASN1Integer, Iterations, iterations)
+
+ public:
+  // The iteration count, 1 when the DEFAULT is left out.
+  int getIterationCount() const { return hasIterations() ? m_iterations.getInteger() : 1; }
 };

@@ -16,4 +16,9 @@ class RRSASSA_PSS_params : public RStructure {
   R_COMPONENT(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm)
   R_COMPONENT(ASN1Integer, SaltLength, saltLength)
   R_COMPONENT(ASN1Integer, TrailerField, trailerField)
+
+ public:
+  // The salt length and trailer field in force (20 and 1 when left out).
+  int getSaltLengthValue() const { return hasSaltLength() ? m_saltLength.getInteger() : 20; }
+  int getTrailerFieldValue() const { return hasTrailerField() ? m_trailerField.getInteger() : 1; }
 };

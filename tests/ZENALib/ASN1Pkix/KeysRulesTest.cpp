@@ -296,9 +296,14 @@ TEST(KeysRules, BuiltFromMembers) {
   // RSASSA-PSS parameters: only the members that differ from the defaults are written
   RRSASSA_PSS_params pss;
   EXPECT_EQ(ToHex(pss.toASN1Object()), "3000");
+  EXPECT_EQ(pss.getSaltLengthValue(), 20);
   ASN1Integer salt(32);
   pss.setSaltLength(salt);
   EXPECT_EQ(ToHex(pss.toASN1Object()), "3005a203020120");
+  RRSASSA_PSS_params zeroSalt;  // openssl's -sigopt rsa_pss_saltlen:0 with SHA-384
+  ASSERT_EQ(zeroSalt.fromASN1Object(Load("pss-sha384-salt0.pss.der")), 0);
+  EXPECT_EQ(zeroSalt.getSaltLengthValue(), 0);
+  EXPECT_EQ(zeroSalt.getTrailerFieldValue(), 1);
 
   // RSAES-OAEP parameters from the openssl file, with the label removed: the
   // [2] member disappears and the rest keeps its bytes
@@ -366,4 +371,30 @@ TEST(KeysRules, KcdsaParametersOfTheStandardExample) {
   }());
   EXPECT_EQ(std::to_string(full.getCount().getInteger()), v[0]["Count"]);
   EXPECT_FALSE(pqg.hasJ() || pqg.hasSeed() || pqg.hasCount());
+}
+
+// The example private key of RFC 8410 10.3: a version 2 OneAsymmetricKey
+// with a [0] IMPLICIT attribute set and a [1] IMPLICIT public key.
+TEST(KeysRules, OneAsymmetricKeyWithAttributesAndPublicKey) {
+  const ByteString der = Hex(
+      "3072020101300506032b657004220420d4ee72dbf913584ad5b6d8f1f769f8ad3afe7c28cbf1d4fbe097a88f44755842a01f301d060a"
+      "2a864886f70d01090914310f0c0d437572646c652043686169727381210019bf44096984cdfe8541bac167dc3b96c85086aa30b6b6cb"
+      "0c5c38ad703166e1");
+  RPrivateKeyInfo key;
+  ASSERT_EQ(key.fromASN1Object(der), 0) << key.getErrorMessage().c_str();
+  EXPECT_EQ(key.getVersion().getInteger(), 1);
+  EXPECT_EQ(std::string(key.getPrivateKeyAlgorithm().getAlgorithm().getOID('.').c_str()), "1.3.101.112");
+  ASSERT_TRUE(key.hasAttributes());
+  ASSERT_EQ(key.getAttributes().getCount(), 1);
+  EXPECT_EQ(std::string(key.getAttributes().getAt(0)->getType().getOID('.').c_str()), "1.2.840.113549.1.9.9.20");
+  ASSERT_TRUE(key.hasPublicKey());
+  int unused = -1;
+  EXPECT_EQ(ToHex(key.getPublicKey().getBitString(&unused)),
+            "19bf44096984cdfe8541bac167dc3b96c85086aa30b6b6cb0c5c38ad703166e1");
+  EXPECT_EQ(unused, 0);
+  EXPECT_EQ(ToHex(key.toASN1Object()), ToHex(der));
+  // Without the optional members it is a version 1 PrivateKeyInfo of three components.
+  key.setPresent(key.getAttributes(), false);
+  key.setPresent(key.getPublicKey(), false);
+  EXPECT_EQ(ToHex(key.toASN1Object()), ToHex(der.mid(0, 48)).replace(0, 4, "302e"));
 }
