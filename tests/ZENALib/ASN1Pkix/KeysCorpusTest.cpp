@@ -241,8 +241,13 @@ struct Fixture {
 std::vector<Fixture> Index() {
   std::vector<Fixture> out;
   std::istringstream in(qvatest::ReadFile(qvatest::DataPath(kDir + "index.txt")));
-  Fixture f;
-  while (in >> f.cls >> f.file) out.push_back(f);
+  std::string line;
+  while (std::getline(in, line)) {
+    std::istringstream fields(line);
+    Fixture f;
+    if (line.empty() || line[0] == '#' || !(fields >> f.cls >> f.file)) continue;
+    out.push_back(f);
+  }
   return out;
 }
 

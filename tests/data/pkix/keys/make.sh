@@ -6,6 +6,8 @@
 set -eu
 cd "$(dirname "$0")"
 rm -f ./*.der ./*.p12 index.txt values.txt
+echo "# Fixtures made by make.sh with the openssl CLI ($(openssl version | cut -d' ' -f1-2)): class and file" > index.txt
+echo "# What openssl reads out of the fixtures made by make.sh, a record per file" > values.txt
 T=$(mktemp -d)
 trap 'rm -rf "$T"' EXIT
 PASS=pass:test1234
