@@ -12,5 +12,6 @@
 class RAnotherName : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1ObjectIdentifier, TypeId, type_id)
-  R_COMPONENT(RAny, Value, value)
+  // get/setValue would hide ASN1Object::getValue/setValue: the accessors say NameValue.
+  R_COMPONENT(RAny, NameValue, value)
 };

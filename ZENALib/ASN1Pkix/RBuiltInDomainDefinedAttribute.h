@@ -9,5 +9,6 @@
 class RBuiltInDomainDefinedAttribute : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1PrintableString, Type, type)
-  R_COMPONENT(ASN1PrintableString, Value, value)
+  // get/setValue would hide ASN1Object::getValue/setValue: the accessors say AttributeValue.
+  R_COMPONENT(ASN1PrintableString, AttributeValue, value)
 };
