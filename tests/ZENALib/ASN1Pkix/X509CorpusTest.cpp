@@ -326,3 +326,87 @@ TEST(X509Korean, CaPubsBundles) {
       EXPECT_EQ(bundle.getAt(i)->toASN1Object(), qvatest::ReadFileBs(slices[static_cast<std::size_t>(i)])) << i;
   }
 }
+
+namespace {
+
+// The BER form of a DER encoding in which every constructed element has an
+// indefinite length (0x80 ... 00 00); primitive elements are copied.
+std::string Indefinite(const unsigned char* p, std::size_t n) {
+  std::string out;
+  std::size_t i = 0;
+  while (i < n) {
+    const unsigned char id = p[i];
+    std::size_t h = 2, len = p[i + 1];
+    if (len & 0x80) {
+      const std::size_t k = len & 0x7F;
+      len = 0;
+      for (std::size_t j = 0; j < k; ++j) len = (len << 8) | p[i + 2 + j];
+      h += k;
+    }
+    if (id & 0x20) {
+      out += static_cast<char>(id);
+      out += '\x80';
+      out += Indefinite(p + i + h, len);
+      out.append(2, '\0');
+    } else {
+      out.append(reinterpret_cast<const char*>(p + i), h + len);
+    }
+    i += h + len;
+  }
+  return out;
+}
+
+}  // namespace
+
+// Every certificate and CRL rewritten with indefinite lengths throughout
+// decodes into the same members as its DER form (their encodings are DER
+// again). Open types keep the bytes they were given, so members that hold
+// constructed open types (key parameters, RSA-PSS parameters) are left out
+// of the comparison; the signed part is kept as received, in BER.
+TEST(X509Corpus, IndefiniteLengthsDecodeAsTheirDerForm) {
+  int n = 0;
+  for (const char* dir : {"pkix/x509/certs", "pkix/x509/crls"}) {
+    for (const auto& path : Files(dir)) {
+      SCOPED_TRACE(path);
+      const ByteString der = qvatest::ReadFileBs(path);
+      const std::string ber = Indefinite(der.data(), static_cast<std::size_t>(der.length()));
+      const ByteString bs(ber.data(), static_cast<int>(ber.size()));
+      ASSERT_NE(bs, der);
+      if (std::string(dir) == "pkix/x509/certs") {
+        RCertificate a, b;
+        ASSERT_EQ(a.fromASN1Object(der), 0);
+        ASSERT_EQ(b.fromASN1Object(bs), 0) << b.getErrorMessage().c_str();
+        RTBSCertificate& x = a.getTbsCertificate();
+        RTBSCertificate& y = b.getTbsCertificate();
+        EXPECT_EQ(x.getSerialNumber().toASN1Object(), y.getSerialNumber().toASN1Object());
+        EXPECT_EQ(x.getIssuer().toASN1Object(), y.getIssuer().toASN1Object());
+        EXPECT_EQ(x.getValidity().toASN1Object(), y.getValidity().toASN1Object());
+        EXPECT_EQ(x.getSubject().toASN1Object(), y.getSubject().toASN1Object());
+        EXPECT_EQ(x.hasExtensions(), y.hasExtensions());
+        if (x.hasExtensions()) {
+          EXPECT_EQ(x.getExtensions().toASN1Object(), y.getExtensions().toASN1Object());
+        }
+        EXPECT_EQ(a.getSignature().toASN1Object(), b.getSignature().toASN1Object());
+        EXPECT_EQ(ToHex(b.getRawTBSCertificate()), ToHex(FirstComponent(bs, b.getRawTBSCertificate().length())));
+      } else {
+        RCertificateList a, b;
+        ASSERT_EQ(a.fromASN1Object(der), 0);
+        ASSERT_EQ(b.fromASN1Object(bs), 0) << b.getErrorMessage().c_str();
+        RTBSCertList& x = a.getTbsCertList();
+        RTBSCertList& y = b.getTbsCertList();
+        EXPECT_EQ(x.getIssuer().toASN1Object(), y.getIssuer().toASN1Object());
+        EXPECT_EQ(x.hasRevokedCertificates(), y.hasRevokedCertificates());
+        if (x.hasRevokedCertificates()) {
+          EXPECT_EQ(x.getRevokedCertificates().toASN1Object(), y.getRevokedCertificates().toASN1Object());
+        }
+        EXPECT_EQ(x.hasCrlExtensions(), y.hasCrlExtensions());
+        if (x.hasCrlExtensions()) {
+          EXPECT_EQ(x.getCrlExtensions().toASN1Object(), y.getCrlExtensions().toASN1Object());
+        }
+        EXPECT_EQ(a.getSignature().toASN1Object(), b.getSignature().toASN1Object());
+      }
+      ++n;
+    }
+  }
+  EXPECT_GE(n, 119);
+}
