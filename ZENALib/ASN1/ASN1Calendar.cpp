@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1/ASN1Calendar.h"
 
+#include <cstdio>
+
 namespace asn1_calendar {
 
 bool IsLeapYear(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
@@ -43,6 +45,12 @@ DateTime FromSeconds(std::int64_t t) {
   const std::int64_t y = yoe + era * 400 + (m <= 2);
   return DateTime{static_cast<int>(y), m, d, static_cast<int>(rest / 3600), static_cast<int>(rest % 3600 / 60),
                   static_cast<int>(rest % 60)};
+}
+
+void FormatTime(std::int64_t t, bool bFourDigitYear, char (&szOut)[24]) {
+  const DateTime dt = FromSeconds(t);
+  std::snprintf(szOut, sizeof szOut, bFourDigitYear ? "%04d%02d%02d%02d%02d%02dZ" : "%02d%02d%02d%02d%02d%02dZ",
+                bFourDigitYear ? dt.nYear : dt.nYear % 100, dt.nMonth, dt.nDay, dt.nHour, dt.nMinute, dt.nSecond);
 }
 
 int ReadDigits(const char* p, int n) {

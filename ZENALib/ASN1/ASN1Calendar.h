@@ -16,6 +16,8 @@ bool IsLeapYear(int nYear);
 int DaysInMonth(int nYear, int nMonth);
 std::int64_t ToSeconds(const DateTime& dt);
 DateTime FromSeconds(std::int64_t nSeconds);
+// "YYMMDDhhmmssZ" (year modulo 100) or "YYYYMMDDhhmmssZ" of a time.
+void FormatTime(std::int64_t nSeconds, bool bFourDigitYear, char (&szOut)[24]);
 // The number written by n decimal digits at p, or -1 when one is not a digit.
 int ReadDigits(const char* p, int n);
 

@@ -83,6 +83,14 @@ int ASN1Object::fail(const char* szFile, int nLine, const char* szClass, const c
   return nCode;
 }
 
+int ASN1Object::failText(const char* szFile, int nLine, const char* szClass, const char* szMethod,
+                         const char* szField, int nCode, const char* szFormat, const char* szText, int nLength) {
+  constexpr int kMaxEcho = 1024;
+  ByteString message;
+  message.format(szFormat, nLength < 0 ? 0 : nLength < kMaxEcho ? nLength : kMaxEcho, szText ? szText : "");
+  return fail(szFile, nLine, szClass, szMethod, szField, nCode, message.c_str());
+}
+
 int ASN1Object::failChained(const char* szFile, int nLine, const char* szClass, const char* szMethod,
                             const char* szField, int nCode) {
   return fail(szFile, nLine, szClass, szMethod, szField, nCode, m_bsErrorMsg.c_str());

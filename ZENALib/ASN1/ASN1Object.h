@@ -119,6 +119,10 @@ class ASN1Object {
   // Records a failure: sets the error code, writes the trace line, returns nCode.
   int fail(const char* szFile, int nLine, const char* szClass, const char* szMethod, const char* szField,
            int nCode, const char* szMessage);
+  // The same with szFormat as the message, its "%.*s" filled with the text
+  // (at most 1024 characters of it, so the message always fits).
+  int failText(const char* szFile, int nLine, const char* szClass, const char* szMethod, const char* szField,
+               int nCode, const char* szFormat, const char* szText, int nLength);
   // The same with the object's current trace as the message (chaining).
   int failChained(const char* szFile, int nLine, const char* szClass, const char* szMethod,
                   const char* szField, int nCode);

@@ -13,8 +13,6 @@ constexpr int kMaxArcs = 19;
 constexpr int kMaxSubIdentifiers = 19;
 // Largest arc that getOID can read back: four base-128 octets.
 constexpr std::uint64_t kMaxArc = 0x0FFFFFFF;
-// Longest input echoed in a message, so the message always fits.
-constexpr int kMaxEcho = 1024;
 
 }  // namespace
 
@@ -50,10 +48,8 @@ int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
     ++count;
   }
   if (count > kMaxArcs || count < 2 || tooLarge) {
-    ByteString message;
-    message.format("Value(%.*s) is not ASN1 OID Format", nLength < kMaxEcho ? nLength : kMaxEcho,
-                   szText ? szText : "");
-    return ASN1_FAIL(kClass, "setOID", "nOID", count < 2 ? 2 : 1, message.c_str());
+    return failText(__FILE__, __LINE__, kClass, "setOID", "nOID", count < 2 ? 2 : 1,
+                    "Value(%.*s) is not ASN1 OID Format", szText, nLength);
   }
   unsigned char out[1 + (kMaxArcs - 2) * 5];
   // The first two arcs share one octet (arcs below 2.176 only).

@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 
-#include <utility>
-
 #include "ZENALib/ASN1/ASN1Calendar.h"
 
 using asn1_calendar::DateTime;
@@ -11,8 +9,6 @@ namespace {
 
 const char kClass[] = "ASN1UTCTime";
 const char kMethod[] = "checkUTCTime";
-// Longest text echoed in a message, so the message always fits.
-constexpr int kMaxEcho = 1024;
 
 }  // namespace
 
@@ -31,26 +27,24 @@ int ASN1UTCTime::checkValue(const unsigned char* p, int n) {
   return checkUTCTime(reinterpret_cast<const char*>(p), n);
 }
 
+// A failure of the text check, its message filled with the text.
+#define TIME_FAIL(field, code, format) \
+  failText(__FILE__, __LINE__, kClass, kMethod, (field), (code), (format), szText, nLength)
+
 int ASN1UTCTime::checkUTCTime(const char* szText, int nLength) {
   if (!szText || nLength < 11) return ASN1_FAIL(kClass, kMethod, "length", 1, "Invalid GMT Format");
-  const int echo = nLength < kMaxEcho ? nLength : kMaxEcho;
-  auto failText = [&](const char* szField, int nCode, const char* szFormat) {
-    ByteString message;
-    message.format(szFormat, echo, szText);
-    return ASN1_FAIL(kClass, kMethod, szField, nCode, message.c_str());
-  };
   const int year = ReadDigits(szText, 2);
   const int month = ReadDigits(szText + 2, 2);
   const int day = ReadDigits(szText + 4, 2);
   const int hour = ReadDigits(szText + 6, 2);
   const int minute = ReadDigits(szText + 8, 2);
-  if (minute < 0 || minute > 59) return failText("nMin", 3, "%.*s : minutes error");
-  if (hour < 0 || hour > 23) return failText("nHour", 4, "%.*s : hour error");
-  if (month < 1 || month > 12) return failText("nMonth", 5, "%.*s : month error");
-  if (year < 0) return failText("data", 7, "%.*s : UTC Time Format Error");
+  if (minute < 0 || minute > 59) return TIME_FAIL("nMin", 3, "%.*s : minutes error");
+  if (hour < 0 || hour > 23) return TIME_FAIL("nHour", 4, "%.*s : hour error");
+  if (month < 1 || month > 12) return TIME_FAIL("nMonth", 5, "%.*s : month error");
+  if (year < 0) return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
   // Two-digit years: below 50 is 20YY, otherwise 19YY.
   DateTime dt{year < 50 ? 2000 + year : 1900 + year, month, day, hour, minute, 0};
-  if (day < 1 || day > asn1_calendar::DaysInMonth(dt.nYear, month)) return failText("nDay", 6, "%.*s : day error");
+  if (day < 1 || day > asn1_calendar::DaysInMonth(dt.nYear, month)) return TIME_FAIL("nDay", 6, "%.*s : day error");
 
   int offset = 0;  // seconds, signed as it is applied
   auto readSeconds = [&]() {
@@ -59,36 +53,38 @@ int ASN1UTCTime::checkUTCTime(const char* szText, int nLength) {
   };
   switch (nLength) {
     case 11:
-      if (szText[10] != 'Z') return failText("data", 7, "%.*s : UTC Time Format Error");
+      if (szText[10] != 'Z') return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
       break;
     case 13:
-      if (!readSeconds()) return failText("nSec", 2, "%.*s : sec error");
-      if (szText[12] != 'Z') return failText("data", 7, "%.*s : UTC Time Format Error");
+      if (!readSeconds()) return TIME_FAIL("nSec", 2, "%.*s : sec error");
+      if (szText[12] != 'Z') return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
       break;
     case 14:
     case 17: {
-      if (nLength == 17 && !readSeconds()) return failText("nSec", 2, "%.*s : sec error");
+      if (nLength == 17 && !readSeconds()) return TIME_FAIL("nSec", 2, "%.*s : sec error");
       const char sign = szText[nLength - 5];
-      if (sign != '+' && sign != '-') return failText("data", 7, "%.*s : UTC Time Format Error");
+      if (sign != '+' && sign != '-') return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
       const int offHour = ReadDigits(szText + nLength - 4, 2);
       const int offMinute = ReadDigits(szText + nLength - 2, 2);
-      if (offHour < 0 || offHour > 23) return failText("nHour", 4, "%.*s : hour error");
-      if (offMinute < 0 || offMinute > 59) return failText("nMin", 3, "%.*s : minutes error");
+      if (offHour < 0 || offHour > 23) return TIME_FAIL("nHour", 4, "%.*s : hour error");
+      if (offMinute < 0 || offMinute > 59) return TIME_FAIL("nMin", 3, "%.*s : minutes error");
       // The offset is added for '+' and taken off for '-': the library's own rule.
       offset = (offHour * 3600 + offMinute * 60) * (sign == '+' ? 1 : -1);
       break;
     }
     default:
-      return failText("data", 7, "%.*s : UTC Time Format Error");
+      return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
   }
   const std::int64_t t = asn1_calendar::ToSeconds(dt) + offset;
   if (t < 0)
-    return failText("data", 8,
+    return TIME_FAIL("data", 8,
                     "%.*s references a date before midnight, January 1, 1970, or if the calendar time cannot be "
                     "represented.");
   m_GMTTime = static_cast<std::time_t>(t);
   return 0;
 }
+
+#undef TIME_FAIL
 
 int ASN1UTCTime::setGMTTime(std::time_t tTime) {
   if (tTime < 0) {
@@ -97,10 +93,9 @@ int ASN1UTCTime::setGMTTime(std::time_t tTime) {
     // Recorded under the other time class's name, as existing traces show it.
     return ASN1_FAIL("ASN1GeneralizedTime", "setGMTTime", "m_GMTTime", 1, message.c_str());
   }
-  const DateTime dt = asn1_calendar::FromSeconds(tTime);
-  ByteString text;
-  text.format("%02d%02d%02d%02d%02d%02dZ", dt.nYear % 100, dt.nMonth, dt.nDay, dt.nHour, dt.nMinute, dt.nSecond);
-  m_bsValue = std::move(text);
+  char text[24];
+  asn1_calendar::FormatTime(tTime, false, text);
+  m_bsValue = text;
   m_GMTTime = tTime;
   return 0;
 }

@@ -10,6 +10,7 @@
 #include "ZENALib/ASN1/ASN1Object.h"
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
+#include "tests/ZENALib/ASN1/TraceText.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
@@ -18,10 +19,6 @@ using qvatest::ToHex;
 
 namespace {
 
-// The trace with source line numbers blanked, so tests compare the rest exactly.
-std::string TraceWithoutLines(const ByteString& trace) {
-  return std::regex_replace(Str(trace), std::regex(R"(\.cpp:\d+\])"), ".cpp:#]");
-}
 
 std::string Repeat(const std::string& s, int n) {
   std::string out;

@@ -28,6 +28,7 @@
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1/ASN1UTF8String.h"
 #include "ZENALib/ASN1/ASN1VisibleString.h"
+#include "tests/ZENALib/ASN1/TraceText.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
@@ -36,9 +37,6 @@ using qvatest::ToHex;
 
 namespace {
 
-std::string TraceWithoutLines(const ByteString& trace) {
-  return std::regex_replace(Str(trace), std::regex(R"(\.cpp:\d+\])"), ".cpp:#]");
-}
 
 // Seconds since 1970 of a UTC date, by the C library rather than by our calendar.
 std::time_t Utc(int y, int mo, int d, int h, int mi, int s) {

@@ -9,19 +9,12 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
 #include "ZENALib/ASN1/ASN1Set.h"
+#include "tests/ZENALib/ASN1/TraceText.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
 using qvatest::Str;
 using qvatest::ToHex;
-
-namespace {
-
-std::string TraceWithoutLines(const ByteString& trace) {
-  return std::regex_replace(Str(trace), std::regex(R"(\.cpp:\d+\])"), ".cpp:#]");
-}
-
-}  // namespace
 
 TEST(ASN1Sequence, WalksComponentsOfEveryKind) {
   struct Component {
