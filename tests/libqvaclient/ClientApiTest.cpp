@@ -7,7 +7,6 @@
 #include <string>
 
 #include "base/Messages.h"
-#include "base/platform/SystemError.h"
 #include "qva/qva.h"
 #include "tests/libaibase/ScopedTempCwd.h"
 #include "tests/libqvaclient/FakeServer.h"
@@ -73,8 +72,6 @@ const std::string kRequestLine = "CLRVSClientAPI::ProcessMessage - secureTunnel.
 TEST_F(ClientApi, ServerAnswersBecomeCodesAndTexts) {
   const std::string badRoaming = qvatest::Roaming(0x6a, 0, "R", "R", "") + "x";  // one byte too many
   const std::string sendFail = "CSecureTunnel::ProcessPlainData - m_pSocketClient->Send fail";
-  ByteString success;
-  SystemErrorText(0, &success);
   struct Case {
     const char* name;
     Answer answer;
@@ -136,7 +133,8 @@ TEST_F(ClientApi, ServerAnswersBecomeCodesAndTexts) {
        {{}},
        150,
        kApiLine + "(150)\r\n" + kRequestLine + "(150)\r\n" + sendFail +
-           "(150)\r\nCSocketClient::Send - Recv(150)\r\nCSocketClient::Recv - recv fail(150)\r\n" + Str(success)},
+           "(150)\r\nCSocketClient::Send - Recv(150)\r\nCSocketClient::Recv - recv fail(150)\r\n" +
+           qvatest::SystemText(0)},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -213,11 +211,9 @@ TEST_F(ClientApi, RegistrationFailuresReportUnderTheValidationMethod) {
 
 TEST_F(ClientApi, UnreachableAndUnresolvableServers) {
   const int closed = qvatest::UnusedPort();
-  ByteString refused;
-  SystemErrorText(ECONNREFUSED, &refused);
   const std::string socketLine =
-      "CSocketClient::SocketConnect - connect fail(155)\r\n[127.0.0.1:" + std::to_string(closed) + "][" + Str(refused) +
-      "] - connect fail";
+      "CSocketClient::SocketConnect - connect fail(155)\r\n[127.0.0.1:" + std::to_string(closed) + "][" +
+      qvatest::SystemText(ECONNREFUSED) + "] - connect fail";
   const std::string unresolved = "CSocketClient::SocketConnect - inet_addr fail(154)\r\nINADDR_NONE";
   struct Case {
     const char* name;

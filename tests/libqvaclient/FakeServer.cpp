@@ -130,6 +130,8 @@ void FakeServer::Serve(int fd, const Answer& answer) {
   }
 }
 
+std::string SystemText(int err) { return std::string(std::strerror(err)) + "\r\n"; }
+
 int UnusedPort() {
   int port = 0;
   const int fd = ListenLoopback(&port);

@@ -57,4 +57,8 @@ class FakeServer {
 // A loopback port with nothing listening on it.
 int UnusedPort();
 
+// The text the library reports for a system error number: the C library's
+// message with the line break that Windows puts at the end of its texts.
+std::string SystemText(int err);
+
 }  // namespace qvatest

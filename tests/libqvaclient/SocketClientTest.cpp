@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <string>
 
-#include "base/platform/SystemError.h"
 #include "libqvaclient/csocketclient.h"
 #include "tests/libqvaclient/FakeServer.h"
 #include "tests/support/TestUtil.h"
@@ -14,15 +13,10 @@ using qvatest::Answer;
 using qvatest::FakeServer;
 using qvatest::Frame;
 using qvatest::Str;
+using qvatest::SystemText;
 using qvatest::U32;
 
 namespace {
-
-std::string SystemText(int err) {
-  ByteString text;
-  SystemErrorText(err, &text);
-  return Str(text);
-}
 
 std::string ConnectFail(const std::string& host, int port, int err) {
   return "CSocketClient::SocketConnect - connect fail(155)\r\n[" + host + ":" + std::to_string(port) + "][" +
