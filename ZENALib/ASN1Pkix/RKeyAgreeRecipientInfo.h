@@ -8,8 +8,8 @@
 #pragma once
 
 #include "ZENALib/ASN1/ASN1Integer.h"
-#include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
+#include "ZENALib/ASN1Pkix/ROctetString.h"
 #include "ZENALib/ASN1Pkix/ROriginatorIdentifierOrKey.h"
 #include "ZENALib/ASN1Pkix/RRecipientEncryptedKeys.h"
 
@@ -17,7 +17,7 @@ class RKeyAgreeRecipientInfo : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1Integer, Version, version)
   R_COMPONENT(ROriginatorIdentifierOrKey, Originator, originator)
-  R_COMPONENT(ASN1OctetString, Ukm, ukm)
+  R_COMPONENT(ROctetString, Ukm, ukm)
   R_COMPONENT(RAlgorithmIdentifier, KeyEncryptionAlgorithm, keyEncryptionAlgorithm)
   R_COMPONENT(RRecipientEncryptedKeys, RecipientEncryptedKeys, recipientEncryptedKeys)
 };

@@ -37,10 +37,17 @@ int ROctetString::fromASN1Object(const ByteString& bsData) {
   RElementHeader h{};
   if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
   if (m_ucTaggedType == ASN1_EXPLICIT && h.constructed()) {
-    // Look through the explicit tag at the OCTET STRING inside it.
+    // Look through the explicit tag at the element inside it, which the
+    // codec does not check: it must be an OCTET STRING.
     p += h.headerLength;
     n = ContentLength(h);
     if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
+    if (h.tagClass() != ASN1_CLASS_UNIVERSAL || h.tagNo != ASN1_TAG_OCTETSTRING) {
+      ASN1OctetString inner;
+      const int rc = inner.fromASN1Object(ByteString(p, h.totalLength));
+      return ASN1_FAIL("ROctetString", "fromASN1Object", "m_ucPrimitiveTag", rc != 0 ? rc : 2,
+                       inner.getErrorMessage().c_str());
+    }
   }
   // Primitive, or not an OCTET STRING at all: the base decodes or reports it.
   if (!h.constructed() || (h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo != ASN1_TAG_OCTETSTRING))

@@ -3,7 +3,8 @@
 // indefinite length), as streaming CMS writers produce for eContent and
 // encryptedContent. Decoding joins the segments into one value; encoding
 // writes the primitive DER form. The primitive form decodes as
-// ASN1OctetString does.
+// ASN1OctetString does. Under an explicit tag the element inside must be an
+// OCTET STRING (code 2 otherwise).
 #pragma once
 
 #include "ZENALib/ASN1/ASN1OctetString.h"

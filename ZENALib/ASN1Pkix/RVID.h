@@ -5,11 +5,11 @@
 //     virtualID [0] EXPLICIT OCTET STRING }
 #pragma once
 
-#include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
+#include "ZENALib/ASN1Pkix/ROctetString.h"
 
 class RVID : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(RAlgorithmIdentifier, HashAlg, hashAlg)
-  R_COMPONENT(ASN1OctetString, VirtualID, virtualID)
+  R_COMPONENT(ROctetString, VirtualID, virtualID)
 };

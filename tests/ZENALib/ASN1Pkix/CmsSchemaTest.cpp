@@ -135,6 +135,12 @@ TEST(CmsSchema, CountAndTagMessages) {
       // A segment of a constructed encryptedContent that is not an OCTET STRING.
       {Decode<REncryptedContentInfo>, "30 0D 06012A 3003 06012A A003 020105", 24,
        "ROctetString::fromASN1Object-segment(24), ASN1 Format Error"},
+      // Inside an explicit tag only an OCTET STRING is one (an INTEGER; a constructed tag 8).
+      {Decode<REncapsulatedContentInfo>, "30 08 06012A A003 020100", 2,
+       "REncapsulatedContentInfo::fromASN1Object-m_eContent(2), "},
+      {Decode<REncapsulatedContentInfo>, "30 08 06012A A003 280100", 2,
+       "ROctetString::fromASN1Object-m_ucPrimitiveTag(2), "},
+      {Decode<RVID>, "30 0A 3003 06012A A003 020100", 2, "RVID::fromASN1Object-m_virtualID(2), "},
       // Not a SEQUENCE at all.
       {Decode<RTSTInfo>, "31 00", 2, "RTSTInfo::fromASN1Object-asnSeq(2), "},
   };
