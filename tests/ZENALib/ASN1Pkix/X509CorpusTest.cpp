@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ZENALib/ASN1/ASN1BitString.h"
+#include "ZENALib/ASN1/ASN1Boolean.h"
 #include "ZENALib/ASN1/ASN1Enumerated.h"
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
 #include "ZENALib/ASN1/ASN1IA5String.h"
@@ -20,6 +21,7 @@
 #include "ZENALib/ASN1/ASN1Null.h"
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
 #include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1Pkix/RAuthorityInfoAccessSyntax.h"
 #include "ZENALib/ASN1Pkix/RAuthorityKeyIdentifier.h"
 #include "ZENALib/ASN1Pkix/RBasicConstraints.h"
@@ -409,4 +411,195 @@ TEST(X509Corpus, IndefiniteLengthsDecodeAsTheirDerForm) {
     }
   }
   EXPECT_GE(n, 119);
+}
+
+namespace {
+
+// An extension holding the encoding of `value`.
+RExtension MakeExtension(const char* oid, ASN1Object& value, bool critical = false) {
+  RExtension e;
+  e.getExtnID().setOID(oid);
+  ASN1OctetString v;
+  v.setValue(value.toASN1Object());
+  e.setExtnValue(v);
+  if (critical) e.setCritical(ASN1Boolean(true));
+  return e;
+}
+
+// openssl's text form of a DER file written to a temporary folder.
+std::string OpensslText(const char* cmd, const ByteString& der) {
+  qvatest::TempDir dir;
+  qvatest::WriteFile(dir.file("in.der"), der);
+  std::string out;
+  EXPECT_EQ(qvatest::Run(std::string(cmd) + " -inform DER -in '" + dir.file("in.der") + "' -noout -text", &out), 0);
+  return out;
+}
+
+}  // namespace
+
+// A CRL built with setters only (no decoded input) is read by openssl as
+// written: version, next update, entries with and without a reason, the
+// CRL number. Absent optional members stay out of the encoding.
+TEST(X509Built, CrlReadByOpenssl) {
+  RCertificateList model;  // for the issuer name and algorithm only
+  ASSERT_EQ(model.fromASN1Object(qvatest::ReadFileBs(qvatest::DataPath("pkix/x509/crls/v1-ec256.der"))), 0);
+
+  RTBSCertList tbs;
+  tbs.setVersion(ASN1Integer(1));
+  tbs.setSignature(model.getSignatureAlgorithm());
+  tbs.setIssuer(model.getTbsCertList().getIssuer());
+  RTime thisUpdate, nextUpdate;
+  ASN1UTCTime t1, t2;
+  ASSERT_EQ(t1.setValue("250301000000Z"), 0);
+  ASSERT_EQ(t2.setValue("250401000000Z"), 0);
+  thisUpdate.setUtcTime(t1);
+  nextUpdate.setUtcTime(t2);
+  tbs.setThisUpdate(thisUpdate);
+  tbs.setNextUpdate(nextUpdate);
+
+  RRevokedCertificates revoked;
+  for (int serial : {0x0102, 0x7F}) {
+    RRevokedCertificate e;
+    e.setUserCertificate(ASN1Integer(serial));
+    e.setRevocationDate(thisUpdate);
+    if (serial == 0x0102) {
+      ASN1Enumerated reason(1);  // keyCompromise
+      RExtensions exts;
+      exts.add(MakeExtension("2 5 29 21", reason));
+      e.setCrlEntryExtensions(exts);
+    }
+    revoked.add(e);
+  }
+  tbs.setRevokedCertificates(revoked);
+  ASN1Integer number(42);
+  RExtensions crlExts;
+  crlExts.add(MakeExtension("2 5 29 20", number));
+  tbs.setCrlExtensions(crlExts);
+
+  RCertificateList crl;
+  crl.setTbsCertList(tbs);
+  crl.setSignatureAlgorithm(model.getSignatureAlgorithm());
+  crl.setSignature(model.getSignature());
+  const ByteString der = crl.toASN1Object();
+  ASSERT_EQ(crl.getErrorCode(), 0) << crl.getErrorMessage().c_str();
+
+  const std::string text = OpensslText("openssl crl", der);
+  for (const char* want : {"Version 2 (0x1)", "Last Update: Mar  1 00:00:00 2025 GMT",
+                           "Next Update: Apr  1 00:00:00 2025 GMT", "Serial Number: 0102", "Key Compromise",
+                           "Serial Number: 7F", "X509v3 CRL Number: \n                42"})
+    EXPECT_NE(text.find(want), std::string::npos) << want << "\n" << text;
+  // The entry without extensions has none in the encoding either.
+  EXPECT_EQ(text.find("CRL entry extensions"), text.rfind("CRL entry extensions"));
+}
+
+// Certificate extensions built with setters, put into a corpus certificate,
+// are read by openssl as written.
+TEST(X509Built, ExtensionsReadByOpenssl) {
+  RCertificate cert;
+  ASSERT_EQ(cert.fromASN1Object(qvatest::ReadFileBs(qvatest::DataPath("pkix/x509/certs/v1-ec256.der"))), 0);
+
+  RBasicConstraints bc;
+  bc.setCA(ASN1Boolean(true));
+  bc.setPathLenConstraint(ASN1Integer(2));
+
+  RGeneralNames san;
+  RGeneralName dns, ip, uri;
+  ASN1IA5String host, link;
+  host.setValue("built.example.com");
+  link.setValue("http://built.example.com/");
+  dns.setDNSName(host);
+  uri.setUniformResourceIdentifier(link);
+  ASN1OctetString addr;
+  addr.setValue("\xC0\x00\x02\x07", 4);
+  ip.setIPAddress(addr);
+  san.add(dns);
+  san.add(ip);
+  san.add(uri);
+
+  RAuthorityKeyIdentifier aki;
+  ASN1OctetString keyId;
+  keyId.setValue("\x01\x02\x03\x04", 4);
+  aki.setKeyIdentifier(keyId);
+
+  RCertificatePolicies policies;
+  RPolicyInformation pol;
+  pol.getPolicyIdentifier().setOID("1 2 410 200004 5 2 1 2");
+  RPolicyQualifierInfo cps;
+  cps.getPolicyQualifierId().setOID("1 3 6 1 5 5 7 2 1");
+  ASN1IA5String cpsUri;
+  cpsUri.setValue("http://cps.example.kr/");
+  ASSERT_EQ(cps.getQualifier().setElement(cpsUri.toASN1Object()), 0);
+  RPolicyQualifiers qualifiers;
+  qualifiers.add(cps);
+  pol.setPolicyQualifiers(qualifiers);
+  policies.add(pol);
+
+  RExtensions exts;
+  exts.add(MakeExtension("2 5 29 19", bc, true));
+  exts.add(MakeExtension("2 5 29 17", san));
+  exts.add(MakeExtension("2 5 29 35", aki));
+  exts.add(MakeExtension("2 5 29 32", policies));
+  RTBSCertificate& tbs = cert.getTbsCertificate();
+  tbs.setVersion(ASN1Integer(2));
+  tbs.setExtensions(exts);
+  const ByteString der = cert.toASN1Object();
+  ASSERT_EQ(cert.getErrorCode(), 0) << cert.getErrorMessage().c_str();
+
+  const std::string text = OpensslText("openssl x509", der);
+  for (const char* want : {"Version: 3 (0x2)", "X509v3 Basic Constraints: critical", "CA:TRUE, pathlen:2",
+                           "DNS:built.example.com, IP Address:192.0.2.7, URI:http://built.example.com/",
+                           "Authority Key Identifier: \n                01:02:03:04", "Policy: 1.2.410.200004.5.2.1.2", "CPS: http://cps.example.kr/"})
+    EXPECT_NE(text.find(want), std::string::npos) << want << "\n" << text;
+}
+
+// The O/R address openssl wrote through its generic syntax (make.sh,
+// profile x400_edi) decodes into its typed members.
+TEST(X509Built, OrAddressMembers) {
+  RCertificate cert;
+  ASSERT_EQ(cert.fromASN1Object(qvatest::ReadFileBs(qvatest::DataPath("pkix/x509/certs/x400_edi-ec256.der"))), 0);
+  const RExtension* sanExt = nullptr;
+  for (const RExtension& e : cert.getTbsCertificate().getExtensions().items())
+    if (OidOf(e.getExtnID()) == "2 5 29 17") sanExt = &e;
+  ASSERT_NE(sanExt, nullptr);
+  RGeneralNames san;
+  ASSERT_EQ(san.fromASN1Object(sanExt->getExtnValue().getValue()), 0) << san.getErrorMessage().c_str();
+  ASSERT_EQ(san.getCount(), 4);
+  ASSERT_TRUE(san.getAt(0)->isX400Address());
+  const RORAddress& or_ = san.getAt(0)->getX400Address();
+  const RBuiltInStandardAttributes& std_ = or_.getBuiltInStandardAttributes();
+  EXPECT_EQ(qvatest::Str(std_.getCountryName().getIso3166Alpha2Code().getValue()), "KR");
+  EXPECT_EQ(qvatest::Str(std_.getAdministrationDomainName().getPrintable().getValue()), "KORNET");
+  EXPECT_EQ(qvatest::Str(std_.getNetworkAddress().getValue()), "12345");
+  EXPECT_EQ(qvatest::Str(std_.getTerminalIdentifier().getValue()), "TERM1");
+  EXPECT_EQ(qvatest::Str(std_.getPrivateDomainName().getPrintable().getValue()), "PRMD");
+  EXPECT_EQ(qvatest::Str(std_.getOrganizationName().getValue()), "Example");
+  EXPECT_EQ(qvatest::Str(std_.getNumericUserIdentifier().getValue()), "42");
+  EXPECT_EQ(qvatest::Str(std_.getPersonalName().getSurname().getValue()), "Hong");
+  EXPECT_EQ(qvatest::Str(std_.getPersonalName().getGenerationQualifier().getValue()), "III");
+  EXPECT_EQ(std_.getOrganizationalUnitNames().getCount(), 2);
+  ASSERT_TRUE(or_.hasBuiltInDomainDefinedAttributes());
+  EXPECT_EQ(qvatest::Str(or_.getBuiltInDomainDefinedAttributes().getAt(0)->getAttributeValue().getValue()), "value");
+  ASSERT_TRUE(or_.hasExtensionAttributes());
+  EXPECT_EQ(or_.getExtensionAttributes().getAt(0)->getExtensionAttributeType().getInteger(), 1);
+  // ediPartyName with and without its nameAssigner.
+  ASSERT_TRUE(san.getAt(1)->isEdiPartyName());
+  EXPECT_TRUE(san.getAt(1)->getEdiPartyName().hasNameAssigner());
+  EXPECT_EQ(qvatest::Str(san.getAt(1)->getEdiPartyName().getPartyName().getPrintableString().getValue()), "Party");
+  EXPECT_FALSE(san.getAt(2)->getEdiPartyName().hasNameAssigner());
+  EXPECT_TRUE(san.getAt(2)->getEdiPartyName().getPartyName().isBmpString());
+
+  // The minimal profile: numeric country code, no administration domain.
+  RCertificate min;
+  ASSERT_EQ(min.fromASN1Object(qvatest::ReadFileBs(qvatest::DataPath("pkix/x509/certs/x400_min-ec256.der"))), 0);
+  RGeneralNames minSan;
+  for (const RExtension& e : min.getTbsCertificate().getExtensions().items())
+    if (OidOf(e.getExtnID()) == "2 5 29 17") {
+      ASSERT_EQ(minSan.fromASN1Object(e.getExtnValue().getValue()), 0);
+    }
+  ASSERT_EQ(minSan.getCount(), 1);
+  const RBuiltInStandardAttributes& m = minSan.getAt(0)->getX400Address().getBuiltInStandardAttributes();
+  EXPECT_TRUE(m.hasCountryName());
+  EXPECT_TRUE(m.getCountryName().isX121DccCode());
+  EXPECT_FALSE(m.hasAdministrationDomainName());
+  EXPECT_TRUE(m.getPrivateDomainName().isNumeric());
 }
