@@ -88,6 +88,7 @@ class Walker {
   std::vector<std::string> contentTypes;  // of the AuthenticatedSafe: D, E
   std::set<std::string> attributes;       // attribute types met on bags
   std::string lastModulus, lastDsaY;
+  bool damage = false;  // check cut and padded copies of the outer file instead of walking it
 
   // Decodes der into a fresh T, checks the DER round trip, records the layer
   // and goes on inside it.
@@ -95,6 +96,7 @@ class Walker {
   void layer(const std::string& where, const ByteString& der) {
     T obj;
     SCOPED_TRACE(where);
+    if (damage) return damaged(obj, der);
     const int rc = obj.fromASN1Object(der);
     ASSERT_EQ(rc, 0) << obj.getErrorMessage().c_str();
     const ByteString& again = obj.toASN1Object();
@@ -105,6 +107,65 @@ class Walker {
   }
 
  private:
+  // Every strict prefix of der fails with a code and a trace that starts at
+  // the class itself. The contents cut short under a corrected outer length
+  // (so the cut lands inside a member) either fail the same way or, where
+  // the cut falls between members and the rest is optional, decode to what
+  // they encode. Octets after the element are not part of it.
+  template <typename T>
+  void damaged(T& obj, const ByteString& der) {
+    const int n = der.length();
+    const unsigned char* p = der.data();
+    const int header = (p[1] & 0x80) ? 2 + (p[1] & 0x7F) : 2;
+    for (int cut = 0; cut < n; cut += (cut < 64 || n - cut < 64) ? 1 : 7) {
+      T part;
+      ASSERT_NE(part.fromASN1Object(der.mid(0, cut)), 0) << "prefix of " << cut;
+      ASSERT_TRUE(StartsAtClass(part)) << part.getErrorMessage().c_str();
+      if (cut < header) continue;
+      const ByteString inside = Rewrap(p[0], der.mid(header, cut - header));
+      T shorter;
+      if (shorter.fromASN1Object(inside) == 0) {
+        ASSERT_EQ(ToHex(shorter.toASN1Object()), ToHex(inside)) << "contents cut at " << cut;
+      } else {
+        ASSERT_TRUE(StartsAtClass(shorter)) << shorter.getErrorMessage().c_str();
+      }
+    }
+    ByteString padded = der;
+    padded.append(reinterpret_cast<const unsigned char*>("\x05\x00\x30"), 3);
+    ASSERT_EQ(obj.fromASN1Object(padded), 0) << obj.getErrorMessage().c_str();
+    ASSERT_EQ(ToHex(obj.toASN1Object()), ToHex(der));
+  }
+  // Whether the newest trace frame is the object's own: "[file:line]<class>::".
+  template <typename T>
+  static bool StartsAtClass(T& obj) {
+    const std::string trace = obj.getErrorMessage().c_str();
+    const std::string::size_type close = trace.find(']');
+    const std::string own = std::string(obj.className()) + "::";
+    return close != std::string::npos && trace.compare(close + 1, own.size(), own) == 0;
+  }
+  // One element: identifier octet, DER length, contents.
+  static ByteString Rewrap(unsigned char id, const ByteString& content) {
+    ByteString out;
+    const int len = content.length();
+    unsigned char head[4] = {id, 0, 0, 0};
+    int hl = 2;
+    if (len < 0x80) {
+      head[1] = static_cast<unsigned char>(len);
+    } else if (len < 0x100) {
+      head[1] = 0x81;
+      head[2] = static_cast<unsigned char>(len);
+      hl = 3;
+    } else {
+      head[1] = 0x82;
+      head[2] = static_cast<unsigned char>(len >> 8);
+      head[3] = static_cast<unsigned char>(len);
+      hl = 4;
+    }
+    out.append(head, hl);
+    out += content;
+    return out;
+  }
+
   template <typename T>
   void inner(const std::string&, T&) {}
 
@@ -328,4 +389,12 @@ TEST(KeysCorpus, MembersAgreeWithOpenssl) {
     EXPECT_EQ(std::to_string(iterations), r["MacIterations"]);
     EXPECT_EQ(pfx.getVersion().getInteger(), 3);
   }
+}
+
+// Cut and padded copies of every file: each cut fails cleanly, padding
+// after the element is left alone.
+TEST(KeysCorpus, CutAndPaddedFiles) {
+  Walker w;
+  w.damage = true;
+  for (const Fixture& f : Index()) Classes().at(f.cls)(w, f.file, Load(f.file));
 }
