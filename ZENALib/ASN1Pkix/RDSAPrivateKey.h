@@ -1,8 +1,11 @@
-// DSAPrivateKey ::= SEQUENCE {     (the traditional DSA key file: RFC 3279 2.3.2
-//   version INTEGER,  -- 0           Dss-Parms, with the public value y and the
-//   p INTEGER, q INTEGER, g INTEGER,  private value x appended)
-//   y INTEGER,
-//   x INTEGER }
+// The traditional DSA private key: the Dss-Parms of RFC 3279 2.3.2 with the
+// public value y and the private value x appended.
+//   DSAPrivateKey ::= SEQUENCE {
+//     version INTEGER,                 -- 0
+//     p INTEGER, q INTEGER, g INTEGER,
+//     y INTEGER,                       -- public value
+//     x INTEGER }                      -- private value
+// (Inside PKCS #8 a DSA private key is the INTEGER x alone.)
 #pragma once
 
 #include "ZENALib/ASN1/ASN1Integer.h"
