@@ -15,26 +15,11 @@
 #include "ZENALib/ASN1Pkix/RExtensionAttribute.h"
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RPolicyInformation.h"
+#include "tests/ZENALib/ASN1Pkix/X509RoundTrip.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
 using qvatest::ToHex;
-
-namespace {
-
-// Decodes `der` into T and encodes it again; the bytes must not change.
-template <typename T>
-::testing::AssertionResult RoundTrips(T& obj, const ByteString& der) {
-  if (int rc = obj.fromASN1Object(der))
-    return ::testing::AssertionFailure() << "decode " << rc << ": " << obj.getErrorMessage().c_str();
-  const ByteString& again = obj.toASN1Object();
-  if (obj.getErrorCode() != 0)
-    return ::testing::AssertionFailure() << "encode: " << obj.getErrorMessage().c_str();
-  if (again != der) return ::testing::AssertionFailure() << ToHex(der) << " became " << ToHex(again);
-  return ::testing::AssertionSuccess();
-}
-
-}  // namespace
 
 // Every GeneralName alternative: the identifier selects it, its content is
 // read as its type, and it encodes back to the same bytes.
