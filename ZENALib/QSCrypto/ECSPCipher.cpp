@@ -136,7 +136,7 @@ int Crypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const ECSP_KEY* pK
     // A hand-built key object is parsed for this call only.
     ECSP_PKEY* pParsed = pKey->pPKey;
     if (!pParsed) {
-      if (int rc = ParsePKey(nAlgID, pKey->pbKey, pKey->nKeyLen, &pParsed)) return rc;
+      if (int rc = ParsePKey(nAlgID, pKey->pbKey, pKey->nKeyLen, !bEncrypt, &pParsed)) return rc;
     }
     const int rc = bEncrypt ? RsaEncrypt(nAlgID, pParsed, pIn, nInLen, pOut, pnOutLen)
                             : RsaDecrypt(nAlgID, pParsed, pIn, nInLen, pOut, pnOutLen);
@@ -157,7 +157,8 @@ int ECSP_GenerateKey(int nAlgID, const unsigned char* pbKey, int nKeyLen, ECSP_K
   if (IsRsaCipher(nAlgID)) {
     FreePKey(pKey->pPKey);
     pKey->pPKey = nullptr;
-    return ParsePKey(nAlgID, pbKey, nKeyLen, &pKey->pPKey);
+    // Encryption keys are public far more often than not.
+    return ParsePKey(nAlgID, pbKey, nKeyLen, false, &pKey->pPKey);
   }
   if (int rc = CheckSymmetricKey(nAlgID, nKeyLen)) return rc;
   pKey->bsKey.zeroize();

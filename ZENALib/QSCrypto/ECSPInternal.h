@@ -70,14 +70,15 @@ void FreePKey(ECSP_PKEY* p);
 bool IsRsaCipher(int nAlgID);
 // Parses the key bytes for a public-key code into *ppKey (size and type
 // checked against the code).
-int ParsePKey(int nAlgID, const unsigned char* p, int n, ECSP_PKEY** ppKey);
+int ParsePKey(int nAlgID, const unsigned char* p, int n, bool bExpectPrivate, ECSP_PKEY** ppKey);
 int RsaEncrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int nInLen, unsigned char* pOut,
                int* pnOutLen);
 int RsaDecrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int nInLen, unsigned char* pOut,
                int* pnOutLen);
-// Parses DER key bytes: a private key first (PKCS#8 or traditional), then a
-// public key (SubjectPublicKeyInfo, then PKCS#1 RSAPublicKey).
-EVP_PKEY* ParseKey(const unsigned char* p, int n, bool* pbPrivate);
+// Parses DER key bytes: PKCS#8 PrivateKeyInfo, SubjectPublicKeyInfo, a
+// traditional private key or a PKCS#1 RSAPublicKey, trying the expected
+// side first. *pbPrivate tells which side was found.
+EVP_PKEY* ParseKey(const unsigned char* p, int n, bool bExpectPrivate, bool* pbPrivate);
 
 // True when the process-wide lock of the core is held by this object.
 class CoreLock {

@@ -1,9 +1,11 @@
 // OpenSSL glue of the core: the library context with its providers, the
 // digests and ciphers fetched once, the digest engine and the core lock.
+#include <openssl/decoder.h>
 #include <openssl/provider.h>
 #include <openssl/x509.h>
 
 #include <cstdio>
+#include <cstring>
 #include <mutex>
 #include <system_error>
 
@@ -170,20 +172,136 @@ int RC2EffectiveBits(int nAlgID) {
   return r ? r->nEffectiveBits : 0;
 }
 
-EVP_PKEY* ParseKey(const unsigned char* p, int n, bool* pbPrivate) {
-  if (!p || n <= 0) return nullptr;
-  OSSL_LIB_CTX* ctx = LibCtx();
-  const unsigned char* q = p;
-  EVP_PKEY* key = d2i_AutoPrivateKey_ex(nullptr, &q, n, ctx, nullptr);
-  if (key) {
-    *pbPrivate = true;
-    return key;
+namespace {
+
+// A decoder for one DER structure, made once per thread and reused: making
+// an OpenSSL 3 decoder context costs far more than the decoding itself.
+// The context writes each key into m_pSlot, whose address must not change.
+class KeyDecoder {
+ public:
+  KeyDecoder(const char* pszStructure, int nSelection)
+      : m_pCtx(OSSL_DECODER_CTX_new_for_pkey(&m_pSlot, "DER", pszStructure, nullptr, nSelection, LibCtx(), nullptr)) {}
+  ~KeyDecoder() {
+    OSSL_DECODER_CTX_free(m_pCtx);
+    EVP_PKEY_free(m_pSlot);
   }
-  *pbPrivate = false;
-  q = p;
-  if ((key = d2i_PUBKEY_ex(nullptr, &q, n, ctx, nullptr))) return key;
-  q = p;
+  KeyDecoder(const KeyDecoder&) = delete;
+  KeyDecoder& operator=(const KeyDecoder&) = delete;
+
+  // The key, or null; bytes after the structure are refused.
+  EVP_PKEY* Decode(const unsigned char* p, int n) {
+    if (!m_pCtx) return nullptr;
+    const unsigned char* q = p;
+    std::size_t left = static_cast<std::size_t>(n);
+    const bool ok = OSSL_DECODER_from_data(m_pCtx, &q, &left) == 1 && left == 0;
+    EVP_PKEY* key = m_pSlot;
+    m_pSlot = nullptr;
+    if (ok) return key;
+    EVP_PKEY_free(key);
+    return nullptr;
+  }
+
+ private:
+  EVP_PKEY* m_pSlot = nullptr;
+  OSSL_DECODER_CTX* m_pCtx;
+};
+
+EVP_PKEY* DecodePrivateKeyInfo(const unsigned char* p, int n) {
+  thread_local KeyDecoder decoder("PrivateKeyInfo", EVP_PKEY_KEYPAIR);
+  return decoder.Decode(p, n);
+}
+
+EVP_PKEY* DecodeSubjectPublicKeyInfo(const unsigned char* p, int n) {
+  thread_local KeyDecoder decoder("SubjectPublicKeyInfo", EVP_PKEY_PUBLIC_KEY);
+  return decoder.Decode(p, n);
+}
+
+// The slower general forms: traditional private keys and PKCS#1 RSAPublicKey.
+EVP_PKEY* DecodeOtherPrivate(const unsigned char* p, int n) {
+  const unsigned char* q = p;
+  return d2i_AutoPrivateKey_ex(nullptr, &q, n, LibCtx(), nullptr);
+}
+
+EVP_PKEY* DecodeRsaPublicKey(const unsigned char* p, int n) {
+  const unsigned char* q = p;
   return d2i_PublicKey(EVP_PKEY_RSA, nullptr, &q, n);
+}
+
+// The last few public keys parsed, shared by all threads under the core
+// lock: a verifier sees the same certificate keys again and again, and a
+// fresh key object pays OpenSSL's per-key set-up on every use. Private keys
+// are never kept, so no secret outlives the call that brought it.
+class PublicKeyCache {
+ public:
+  ~PublicKeyCache() {
+    for (Entry& e : m_entries) EVP_PKEY_free(e.pKey);
+  }
+
+  EVP_PKEY* Find(const unsigned char* p, int n) {
+    CoreLock lock;
+    if (!lock.held()) return nullptr;
+    for (Entry& e : m_entries) {
+      if (e.pKey && e.bsDer.length() == n && std::memcmp(e.bsDer.data(), p, static_cast<std::size_t>(n)) == 0) {
+        return EVP_PKEY_up_ref(e.pKey) == 1 ? e.pKey : nullptr;
+      }
+    }
+    return nullptr;
+  }
+
+  void Add(const unsigned char* p, int n, EVP_PKEY* key) {
+    CoreLock lock;
+    if (!lock.held()) return;
+    Entry& e = m_entries[m_nNext];
+    if (e.bsDer.setData(p, n) != BS_OK || EVP_PKEY_up_ref(key) != 1) {
+      e.bsDer.clear();
+      return;
+    }
+    EVP_PKEY_free(e.pKey);
+    e.pKey = key;
+    m_nNext = (m_nNext + 1) % kEntries;
+  }
+
+ private:
+  static constexpr int kEntries = 8;
+  struct Entry {
+    ByteString bsDer;
+    EVP_PKEY* pKey = nullptr;
+  };
+  Entry m_entries[kEntries];
+  int m_nNext = 0;
+};
+
+PublicKeyCache& KeyCache() {
+  static PublicKeyCache* cache = new PublicKeyCache;  // never destroyed: threads may parse at exit
+  return *cache;
+}
+
+}  // namespace
+
+EVP_PKEY* ParseKey(const unsigned char* p, int n, bool bExpectPrivate, bool* pbPrivate) {
+  if (!p || n <= 0) return nullptr;
+  if (EVP_PKEY* cached = KeyCache().Find(p, n)) {
+    *pbPrivate = false;
+    return cached;
+  }
+  using Decode = EVP_PKEY* (*)(const unsigned char*, int);
+  struct Try {
+    Decode fn;
+    bool bPrivate;
+  };
+  // The expected side first, the common structures before the rare ones.
+  static const Try kPrivateFirst[] = {{DecodePrivateKeyInfo, true}, {DecodeSubjectPublicKeyInfo, false},
+                                      {DecodeOtherPrivate, true}, {DecodeRsaPublicKey, false}};
+  static const Try kPublicFirst[] = {{DecodeSubjectPublicKeyInfo, false}, {DecodePrivateKeyInfo, true},
+                                     {DecodeRsaPublicKey, false}, {DecodeOtherPrivate, true}};
+  for (const Try& t : bExpectPrivate ? kPrivateFirst : kPublicFirst) {
+    if (EVP_PKEY* key = t.fn(p, n)) {
+      *pbPrivate = t.bPrivate;
+      if (!t.bPrivate) KeyCache().Add(p, n, key);
+      return key;
+    }
+  }
+  return nullptr;
 }
 
 namespace {

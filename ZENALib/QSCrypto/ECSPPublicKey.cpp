@@ -104,14 +104,14 @@ bool KeyFits(const PkRow& row, const ECSP_PKEY* k) {
   }
 }
 
-int ParseRowKey(const PkRow& row, const unsigned char* p, int n, PKeyPtr* pOut) {
+int ParseRowKey(const PkRow& row, const unsigned char* p, int n, bool bExpectPrivate, PKeyPtr* pOut) {
   if (!p || n <= 0) return ECSP_INVALID_KEY_POINTER;
   PKeyPtr key(new (std::nothrow) ECSP_PKEY);
   if (!key) return ECSP_MEMORY_ERROR;
   if (row.family == kKcdsa) {
     if (int rc = KCDSA_ParseKey(p, n, &key->pKcdsa)) return rc;
     key->bPrivate = KCDSA_HasPrivate(key->pKcdsa);
-  } else if (!(key->pEvp = ParseKey(p, n, &key->bPrivate))) {
+  } else if (!(key->pEvp = ParseKey(p, n, bExpectPrivate, &key->bPrivate))) {
     return ECSP_INVALID_KEY;
   }
   if (!KeyFits(row, key.get())) return ECSP_INVALID_KEY;
@@ -135,11 +135,11 @@ bool IsRsaCipher(int nAlgID) {
   return row && (row->family == kRsaOaep || (row->family == kRsaPkcs1 && nAlgID < 100000));
 }
 
-int ParsePKey(int nAlgID, const unsigned char* p, int n, ECSP_PKEY** ppKey) {
+int ParsePKey(int nAlgID, const unsigned char* p, int n, bool bExpectPrivate, ECSP_PKEY** ppKey) {
   const PkRow* row = FindRow(nAlgID);
   if (!row) return ECSP_INVALID_ALGORITHM;
   PKeyPtr key;
-  if (int rc = ParseRowKey(*row, p, n, &key)) return rc;
+  if (int rc = ParseRowKey(*row, p, n, bExpectPrivate, &key)) return rc;
   *ppKey = key.release();
   return ECSP_OK;
 }
@@ -216,7 +216,7 @@ int StartSign(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, 
   if (!ctx) return ECSP_MEMORY_ERROR;
   ctx->pRow = row;
   ctx->bVerify = bVerify;
-  if (int rc = ParseRowKey(*row, pKey, nKeyLen, &ctx->key)) return rc;
+  if (int rc = ParseRowKey(*row, pKey, nKeyLen, !bVerify, &ctx->key)) return rc;
   if (!bVerify && !ctx->key->bPrivate) return ECSP_INVALID_KEY;
   if (row->family == kKcdsa) {
     if (int rc = KCDSA_Start(ctx->key->pKcdsa, row->digest, &ctx->kcdsa)) return rc;
@@ -322,8 +322,8 @@ int ECSP_GenerateSharedKey(int nAlgID, const unsigned char* pPrivKey, int nPrivL
   if (!row || (row->family != kEcdh && row->family != kDh)) return ECSP_INVALID_ALGORITHM;
   if (!pShared) return ECSP_INVALID_DATA_POINTER;
   PKeyPtr mine, peer;
-  if (int rc = ParseRowKey(*row, pPrivKey, nPrivLen, &mine)) return rc;
-  if (int rc = ParseRowKey(*row, pPeerKey, nPeerLen, &peer)) return rc;
+  if (int rc = ParseRowKey(*row, pPrivKey, nPrivLen, true, &mine)) return rc;
+  if (int rc = ParseRowKey(*row, pPeerKey, nPeerLen, false, &peer)) return rc;
   if (!mine->bPrivate) return ECSP_INVALID_KEY;
   EvpPkeyCtxPtr ctx(EVP_PKEY_CTX_new_from_pkey(LibCtx(), mine->pEvp, nullptr));
   std::size_t len = 0;

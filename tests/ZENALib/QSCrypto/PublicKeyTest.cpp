@@ -5,6 +5,8 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "ZENALib/QSCrypto/ECSP.h"
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
@@ -25,9 +27,10 @@ class PublicKeyTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     s_dir = new qvatest::TempDir;
-    const std::map<std::string, std::string> specs = {
+    const std::map<std::string, std::string> genArgs = {
         {"rsa512", "-algorithm RSA -pkeyopt rsa_keygen_bits:512"},
         {"rsa1024", "-algorithm RSA -pkeyopt rsa_keygen_bits:1024"},
+        {"rsa1024b", "-algorithm RSA -pkeyopt rsa_keygen_bits:1024"},
         {"rsa2048", "-algorithm RSA -pkeyopt rsa_keygen_bits:2048"},
         {"k163", "-algorithm EC -pkeyopt ec_paramgen_curve:sect163k1"},
         {"k163b", "-algorithm EC -pkeyopt ec_paramgen_curve:sect163k1"},
@@ -40,8 +43,8 @@ class PublicKeyTest : public ::testing::Test {
     };
     MustRun("openssl genpkey -genparam -algorithm DSA -pkeyopt dsa_paramgen_bits:1024 "
             "-pkeyopt dsa_paramgen_q_bits:160 -out " + Path("dsa.param") + " 2>/dev/null");
-    for (const auto& [name, spec] : specs) {
-      MustRun("openssl genpkey " + spec + " -outform DER -out " + Path(name + ".der") + " 2>/dev/null");
+    for (const auto& [name, args] : genArgs) {
+      MustRun("openssl genpkey " + args + " -outform DER -out " + Path(name + ".der") + " 2>/dev/null");
       MustRun("openssl pkey -inform DER -in " + Path(name + ".der") + " -pubout -outform DER -out " +
               Path(name + ".pub"));
     }
@@ -301,4 +304,34 @@ TEST_F(PublicKeyTest, RsaEncryptionRefusals) {
                                   "[ECSP_DecryptData] nAlgID = 13101, nEncMode = 3, nPaddintType = 8 Invalid encrypted data.(114)"));
   // Decrypting needs the private key.
   EXPECT_EQ(e.DecryptData(4001, 4, 2, Pub("rsa1024"), ByteString(), qvatest::RandomBytes(128, 3u), out), 107);
+}
+
+// Parsed public keys are reused across calls and threads: keys of the same
+// length are never mixed up, and more keys than the reuse holds still work.
+TEST_F(PublicKeyTest, ReusedPublicKeysStayApart) {
+  const ByteString msg("reuse");
+  ByteString sigA, sigB;
+  QSSign s;
+  ASSERT_EQ(s.SignData(7011, Priv("rsa1024"), msg, sigA), 0);
+  ASSERT_EQ(s.SignData(7011, Priv("rsa1024b"), msg, sigB), 0);
+  ASSERT_EQ(Pub("rsa1024").length(), Pub("rsa1024b").length());
+  // Every key of the suite passes through once, pushing the others out.
+  const char* const all[] = {"rsa512", "rsa2048", "k163", "k163b", "c2pnb", "c2pnbb", "p160", "dh", "dhb", "dsa"};
+  std::vector<std::thread> threads;
+  std::vector<int> wrong(4, 0);
+  for (int t = 0; t < 4; ++t) {
+    threads.emplace_back([&, t] {
+      QSSign v;
+      for (int i = 0; i < 30; ++i) {
+        const bool a = (i + t) % 2 == 0;
+        const ByteString& sig = a ? sigA : sigB;
+        if (v.VerifyData(7011, Pub(a ? "rsa1024" : "rsa1024b"), msg, sig) != 0) ++wrong[static_cast<std::size_t>(t)];
+        if (v.VerifyData(7011, Pub(a ? "rsa1024b" : "rsa1024"), msg, sig) != 116) ++wrong[static_cast<std::size_t>(t)];
+        // A key of another kind or size is parsed (and kept) but never fits.
+        if (v.VerifyData(7011, Pub(all[(i + t) % 10]), msg, sigA) != 107) ++wrong[static_cast<std::size_t>(t)];
+      }
+    });
+  }
+  for (auto& th : threads) th.join();
+  for (int t = 0; t < 4; ++t) EXPECT_EQ(wrong[static_cast<std::size_t>(t)], 0) << t;
 }
