@@ -1,7 +1,6 @@
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 
 #include "base/ByteReader.h"
@@ -13,6 +12,19 @@ constexpr int kMaxArcs = 19;
 constexpr int kMaxSubIdentifiers = 19;
 // Largest arc that getOID can read back: four base-128 octets.
 constexpr std::uint64_t kMaxArc = 0x0FFFFFFF;
+
+// Writes v in decimal (no terminator); returns the digits written. Texts are
+// built by hand: this runs for every identifier of every decoded certificate.
+int WriteDecimal(char* out, std::uint32_t v) {
+  char digits[10];
+  int n = 0;
+  do {
+    digits[n++] = static_cast<char>('0' + v % 10);
+    v /= 10;
+  } while (v);
+  for (int i = 0; i < n; ++i) out[i] = digits[n - 1 - i];
+  return n;
+}
 
 }  // namespace
 
@@ -79,10 +91,14 @@ ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
     }
     pos += octets;
     // The first sub-identifier always splits by 40.
-    const int written = count == 0 ? std::snprintf(text + used, sizeof text - used, "%d%c%d", sub / 40, cSeparator,
-                                                   sub % 40)
-                                   : std::snprintf(text + used, sizeof text - used, "%c%d", cSeparator, sub);
-    used += written;
+    if (count == 0) {
+      used += WriteDecimal(text + used, static_cast<std::uint32_t>(sub / 40));
+      text[used++] = cSeparator;
+      used += WriteDecimal(text + used, static_cast<std::uint32_t>(sub % 40));
+    } else {
+      text[used++] = cSeparator;
+      used += WriteDecimal(text + used, static_cast<std::uint32_t>(sub));
+    }
   }
   return ByteString(text, used);
 }

@@ -79,9 +79,12 @@ int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const ByteStr
 }
 
 int ASN1Sequence::ReallocCompontntInfo() {
-  if (m_nComponentCapacity > INT32_MAX - kGrowBy)
+  // Steps of 20 entries; a large table grows by half its size (in whole steps)
+  // so that a SEQUENCE OF with very many members is not copied quadratically.
+  const int step = std::max(kGrowBy, m_nComponentCapacity / 2 / kGrowBy * kGrowBy);
+  if (m_nComponentCapacity > INT32_MAX / static_cast<int>(sizeof(ComponentInfo)) - step)
     return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
-  const int capacity = m_nComponentCapacity + kGrowBy;
+  const int capacity = m_nComponentCapacity + step;
   std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
   if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
   // Every old entry moves over: a walk in progress fills entries ahead of the published count.

@@ -59,7 +59,8 @@ class ASN1Sequence : public ASN1Object {
 
   // Builds the component table from m_bsValue; 0 or codes 1-5.
   int ExtractComponentInfo();
-  // Grows the table by 20 entries; 0, or 1 when memory runs out.
+  // Grows the table by 20 entries (by a multiple of 20 near half its size
+  // once it holds 40 or more); 0, or 1 when memory runs out.
   int ReallocCompontntInfo();
   // Empties the value and the table.
   void removeAllComponents();

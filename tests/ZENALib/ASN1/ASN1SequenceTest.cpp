@@ -120,6 +120,26 @@ TEST(ASN1Sequence, BuildsWhatItWalksAndGrowsInSteps) {
   EXPECT_EQ(5, fromValue.getComponentTag(1));
 }
 
+TEST(ASN1Sequence, WalksALongSequenceOf) {
+  // 200000 NULLs behind a four-octet length: every entry lands where it belongs.
+  const int count = 200000;
+  ByteString der = qvatest::Hex("3084");
+  const std::uint32_t len = 2u * count;
+  for (int shift = 24; shift >= 0; shift -= 8) der += static_cast<char>((len >> shift) & 0xFF);
+  ByteString nulls;
+  nulls.resize(2 * count);
+  for (int i = 0; i < count; ++i) nulls.setAt(2 * i, 0x05);
+  der += nulls;
+  ASN1Sequence seq;
+  ASSERT_EQ(0, seq.fromASN1Object(der));
+  ASSERT_EQ(count, seq.getComponentCount());
+  for (int i : {0, 19, 20, 39, 40, 12345, count - 1}) {
+    EXPECT_EQ(2 * i, seq.getComponentInfo(i)->nOffset);
+    EXPECT_EQ(2, seq.getComponentInfo(i)->nLength);
+    EXPECT_EQ(-ASN1_TAG_NULLTAG, seq.getComponentOptionTagNo(i));
+  }
+}
+
 TEST(ASN1Sequence, RefusesWithCodeAndTrace) {
   const std::string walk = "[ASN1Sequence.cpp:#]ASN1Sequence::fromASN1Object-ExtractComponentInfo(3), ";
   struct Case {
