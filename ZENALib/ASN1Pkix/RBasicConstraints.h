@@ -11,4 +11,8 @@ class RBasicConstraints : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1Boolean, CA, cA)
   R_COMPONENT(ASN1Integer, PathLenConstraint, pathLenConstraint)
+
+ public:
+  // cA with its DEFAULT FALSE applied.
+  bool isCA() const { return hasCA() && m_cA.getBoolean(); }
 };

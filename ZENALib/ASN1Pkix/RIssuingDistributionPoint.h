@@ -20,4 +20,13 @@ class RIssuingDistributionPoint : public RStructure {
   R_COMPONENT(ASN1BitString, OnlySomeReasons, onlySomeReasons)
   R_COMPONENT(ASN1Boolean, IndirectCRL, indirectCRL)
   R_COMPONENT(ASN1Boolean, OnlyContainsAttributeCerts, onlyContainsAttributeCerts)
+
+ public:
+  // The flags with their DEFAULT FALSE applied.
+  bool isOnlyContainsUserCerts() const { return hasOnlyContainsUserCerts() && m_onlyContainsUserCerts.getBoolean(); }
+  bool isOnlyContainsCACerts() const { return hasOnlyContainsCACerts() && m_onlyContainsCACerts.getBoolean(); }
+  bool isIndirectCRL() const { return hasIndirectCRL() && m_indirectCRL.getBoolean(); }
+  bool isOnlyContainsAttributeCerts() const {
+    return hasOnlyContainsAttributeCerts() && m_onlyContainsAttributeCerts.getBoolean();
+  }
 };

@@ -37,6 +37,7 @@
 #include "ZENALib/ASN1Pkix/RPolicyConstraints.h"
 #include "ZENALib/ASN1Pkix/RPolicyMappings.h"
 #include "ZENALib/ASN1Pkix/RPrivateKeyUsagePeriod.h"
+#include "ZENALib/ASN1Pkix/RQCStatements.h"
 #include "ZENALib/ASN1Pkix/RSubjectDirectoryAttributes.h"
 #include "ZENALib/ASN1Pkix/RSubjectInfoAccessSyntax.h"
 #include "ZENALib/ASN1Pkix/RUserNotice.h"
@@ -107,6 +108,7 @@ const std::map<std::string, Check>& Extensions() {
       {"2 5 29 54", &As<ASN1Integer>},           // inhibitAnyPolicy
       {"1 3 6 1 5 5 7 1 1", &As<RAuthorityInfoAccessSyntax>},
       {"1 3 6 1 5 5 7 1 11", &As<RSubjectInfoAccessSyntax>},
+      {"1 3 6 1 5 5 7 1 3", &As<RQCStatements>},
       {"2 16 840 1 113730 1 1", &As<ASN1BitString>},   // netscape cert type
       {"2 16 840 1 113730 1 13", &As<ASN1IA5String>},  // netscape comment
       {"1 2 3 4 5 6 7", &As<ASN1Null>},                // make.sh's own private extension
@@ -195,12 +197,12 @@ TEST(X509Corpus, CertificatesRoundTripWithEveryExtension) {
     if (tbs.hasExtensions()) CheckExtensions(tbs.getExtensions(), &seen);
     ++n;
   }
-  EXPECT_GE(n, 90);
+  EXPECT_GE(n, 97);
   EXPECT_GE(v1, 7);  // make.sh writes seven v1 certificates
   // Each certificate extension make.sh asks for was found at least once.
   for (const char* id : {"2 5 29 9", "2 5 29 14", "2 5 29 15", "2 5 29 16", "2 5 29 17", "2 5 29 18", "2 5 29 19",
                          "2 5 29 30", "2 5 29 31", "2 5 29 32", "2 5 29 33", "2 5 29 35", "2 5 29 36", "2 5 29 37",
-                         "2 5 29 46", "2 5 29 54", "1 3 6 1 5 5 7 1 1", "1 3 6 1 5 5 7 1 11",
+                         "2 5 29 46", "2 5 29 54", "1 3 6 1 5 5 7 1 1", "1 3 6 1 5 5 7 1 11", "1 3 6 1 5 5 7 1 3",
                          "2 16 840 1 113730 1 1", "2 16 840 1 113730 1 13", "1 2 3 4 5 6 7"})
     EXPECT_GT(seen[id], 0) << id;
 }
@@ -593,4 +595,62 @@ TEST(X509Built, OrAddressMembers) {
   EXPECT_TRUE(m.getCountryName().isX121DccCode());
   EXPECT_FALSE(m.hasAdministrationDomainName());
   EXPECT_TRUE(m.getPrivateDomainName().isNumeric());
+}
+
+namespace {
+
+// The value of the first extension with identifier oid, decoded as T; false
+// when there is none.
+template <typename T>
+bool FindExtension(const RExtensions& exts, const char* oid, T* out) {
+  for (const RExtension& e : exts.items())
+    if (OidOf(e.getExtnID()) == oid) return out->fromASN1Object(e.getExtnValue().getValue()) == 0;
+  return false;
+}
+
+}  // namespace
+
+// The DEFAULT FALSE flags as the accessors give them, against openssl's
+// reading of the same files: cA of basicConstraints in every certificate,
+// the four flags of every issuing distribution point.
+TEST(X509Corpus, DefaultFalseFlagsAgreeWithOpenssl) {
+  const auto ca = OpensslPerFile("pkix/x509/certs",
+                                 "openssl x509 -inform DER -in \"$f\" -noout -ext basicConstraints 2>/dev/null | "
+                                 "grep -c CA:TRUE");
+  int checked = 0;
+  for (const auto& path : Files("pkix/x509/certs")) {
+    SCOPED_TRACE(path);
+    RCertificate cert;
+    ASSERT_EQ(cert.fromASN1Object(qvatest::ReadFileBs(path)), 0);
+    RBasicConstraints bc;
+    if (!cert.getTbsCertificate().hasExtensions() ||
+        !FindExtension(cert.getTbsCertificate().getExtensions(), "2 5 29 19", &bc))
+      continue;
+    EXPECT_EQ(bc.isCA() ? "1" : "0", ca.at(fs::path(path).filename().string()));
+    ++checked;
+  }
+  EXPECT_GT(checked, 20);
+
+  const auto flags = OpensslPerFile(
+      "pkix/x509/crls",
+      "openssl crl -inform DER -in \"$f\" -noout -text | awk '/Only User Certificates/{u=1} "
+      "/Only CA Certificates/{c=1} /Indirect CRL/{i=1} /Only Attribute Certificates/{a=1} "
+      "END{printf \"f%d%d%d%d\\n\", u, c, i, a}'");
+  checked = 0;
+  for (const auto& path : Files("pkix/x509/crls")) {
+    SCOPED_TRACE(path);
+    RCertificateList crl;
+    ASSERT_EQ(crl.fromASN1Object(qvatest::ReadFileBs(path)), 0);
+    RIssuingDistributionPoint idp;
+    if (!crl.getTbsCertList().hasCrlExtensions() ||
+        !FindExtension(crl.getTbsCertList().getCrlExtensions(), "2 5 29 28", &idp))
+      continue;
+    std::string mine = "f";
+    for (bool b : {idp.isOnlyContainsUserCerts(), idp.isOnlyContainsCACerts(), idp.isIndirectCRL(),
+                   idp.isOnlyContainsAttributeCerts()})
+      mine += b ? '1' : '0';
+    EXPECT_EQ(mine, flags.at(fs::path(path).filename().string()));
+    ++checked;
+  }
+  EXPECT_GE(checked, 10);
 }

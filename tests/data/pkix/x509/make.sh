@@ -39,7 +39,7 @@ sign() {  # sign <out> <issuer> <serial> [x509 args...]
 }
 
 # Every extension profile with every subject key; the issuer rotates.
-profiles="ca_cert leaf policies names x400_edi x400_min constraints access crldp directory everything"
+profiles="ca_cert leaf policies names x400_edi x400_min constraints access crldp directory qc everything"
 keys="rsa1024 rsa2048 dsa1024 ec256 ec384 ed25519"
 issuers="ec256 rsa2048 dsa1024"
 serial=100

@@ -1,0 +1,15 @@
+// QCStatement ::= SEQUENCE {                           (RFC 3739 3.2.6)
+//   statementId   QC-STATEMENT.&id({SupportedStatements}),
+//   statementInfo QC-STATEMENT.&Type({SupportedStatements}{@statementId}) OPTIONAL }
+// The statement information is kept verbatim; its syntax is named by statementId.
+#pragma once
+
+#include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1Pkix/RAny.h"
+#include "ZENALib/ASN1Pkix/RStructure.h"
+
+class RQCStatement : public RStructure {
+  R_DECLARE_SCHEMA()
+  R_COMPONENT(ASN1ObjectIdentifier, StatementId, statementId)
+  R_COMPONENT(RAny, StatementInfo, statementInfo)
+};
