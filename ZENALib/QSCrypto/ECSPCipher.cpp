@@ -3,6 +3,8 @@
 #include <openssl/core_names.h>
 
 #include <cstring>
+#include <memory>
+#include <utility>
 
 #include "ZENALib/QSCrypto/ECSPInternal.h"
 #include "base/SecureZero.h"
@@ -25,17 +27,10 @@ bool ValidPadding(int nPadding) {
          nPadding == ECSP_PAD_ISO9797_2;
 }
 
-// One cipher context per thread, reset between calls: saves an allocation
-// per call on the hot path without sharing state across threads.
-struct ThreadCipherCtx {
-  EVP_CIPHER_CTX* p = EVP_CIPHER_CTX_new();
-  ~ThreadCipherCtx() { EVP_CIPHER_CTX_free(p); }
+struct CipherCtxDeleter {
+  void operator()(EVP_CIPHER_CTX* p) const { EVP_CIPHER_CTX_free(p); }  // also wipes the key schedule
 };
-
-EVP_CIPHER_CTX* CipherCtx() {
-  thread_local ThreadCipherCtx ctx;
-  return ctx.p;
-}
+using CipherCtxPtr = std::unique_ptr<EVP_CIPHER_CTX, CipherCtxDeleter>;
 
 int CheckSymmetricKey(int nAlgID, int nKeyLen) {
   const int want = CipherKeyLength(nAlgID);
@@ -45,10 +40,10 @@ int CheckSymmetricKey(int nAlgID, int nKeyLen) {
   return ok ? ECSP_OK : ECSP_INVALID_KEY;
 }
 
-// Keys the thread's context for one call.
+// Keys a context for one call.
 int StartCipher(int nAlgID, const EVP_CIPHER* cipher, bool bEncrypt, int nPadding, bool bStream,
-                const unsigned char* pKey, int nKeyLen, const unsigned char* pIV, EVP_CIPHER_CTX** ppCtx) {
-  EVP_CIPHER_CTX* ctx = CipherCtx();
+                const unsigned char* pKey, int nKeyLen, const unsigned char* pIV, CipherCtxPtr* pCtx) {
+  CipherCtxPtr ctx(EVP_CIPHER_CTX_new());
   if (!ctx) return ECSP_MEMORY_ERROR;
   const int enc = bEncrypt ? 1 : 0;
   int ok;
@@ -57,14 +52,14 @@ int StartCipher(int nAlgID, const EVP_CIPHER* cipher, bool bEncrypt, int nPaddin
     const OSSL_PARAM params[] = {OSSL_PARAM_construct_size_t(OSSL_CIPHER_PARAM_KEYLEN, &keyLen),
                                  OSSL_PARAM_construct_size_t(OSSL_CIPHER_PARAM_RC2_KEYBITS, &effective),
                                  OSSL_PARAM_construct_end()};
-    ok = EVP_CipherInit_ex2(ctx, cipher, nullptr, nullptr, enc, params) &&
-         EVP_CipherInit_ex2(ctx, nullptr, pKey, pIV, enc, nullptr);
+    ok = EVP_CipherInit_ex2(ctx.get(), cipher, nullptr, nullptr, enc, params) &&
+         EVP_CipherInit_ex2(ctx.get(), nullptr, pKey, pIV, enc, nullptr);
   } else {
-    ok = EVP_CipherInit_ex2(ctx, cipher, pKey, pIV, enc, nullptr);
+    ok = EVP_CipherInit_ex2(ctx.get(), cipher, pKey, pIV, enc, nullptr);
   }
   if (!ok) return ECSP_INVALID_KEY;
-  EVP_CIPHER_CTX_set_padding(ctx, nPadding == ECSP_PAD_PKCS && !bStream ? 1 : 0);
-  *ppCtx = ctx;
+  EVP_CIPHER_CTX_set_padding(ctx.get(), nPadding == ECSP_PAD_PKCS && !bStream ? 1 : 0);
+  *pCtx = std::move(ctx);
   return ECSP_OK;
 }
 
@@ -94,8 +89,9 @@ int SymmetricCrypt(bool bEncrypt, int nAlgID, int nMode, int nPadding, const uns
   unsigned char empty[kMaxBlock];
   if (!pOut) pOut = empty;  // no room was needed: nothing will be written
 
-  EVP_CIPHER_CTX* ctx = nullptr;
-  if (int rc = StartCipher(nAlgID, cipher, bEncrypt, pad, bStream, pKey, nKeyLen, pIV, &ctx)) return rc;
+  CipherCtxPtr owner;
+  if (int rc = StartCipher(nAlgID, cipher, bEncrypt, pad, bStream, pKey, nKeyLen, pIV, &owner)) return rc;
+  EVP_CIPHER_CTX* ctx = owner.get();
   int n1 = 0, n2 = 0;
   // Zero and ISO padding are added here: whole blocks first, then the last
   // partial block completed in a stack buffer.
