@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "PkixStable.h"
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 #include "ZENALib/ASN1Pkix/REncryptedData.h"
 #include "ZENALib/ASN1Pkix/REnvelopedData.h"
@@ -15,25 +16,13 @@
 
 namespace {
 
-// Decodes der into obj; when it decodes, its encoding must be a fixed point
-// (abort otherwise). Returns whether der decoded and encoded.
-template <typename T>
-bool Stable(const ByteString& der, T& obj) {
-  if (obj.fromASN1Object(der) != 0) return false;
-  const ByteString once = obj.toASN1Object();
-  if (obj.getErrorCode() != 0) return false;  // members a decoder accepts but cannot write (empty open types)
-  T again;
-  if (again.fromASN1Object(once) != 0 || again.toASN1Object() != once) std::abort();
-  return true;
-}
-
 bool Is(ASN1ObjectIdentifier oid, const char* text) { return oid.getOID() == ByteString(text); }
 
 void Signed(const ByteString& der) {
   RSignedData sd;
-  if (!Stable(der, sd)) return;
+  if (!PkixStable(der, sd)) return;
   RTSTInfo tst;
-  if (sd.getEncapContentInfo().hasEContent()) Stable(sd.getEncapContentInfo().getEContent().getValue(), tst);
+  if (sd.getEncapContentInfo().hasEContent()) PkixStable(sd.getEncapContentInfo().getEContent().getValue(), tst);
   for (const RSignerInfo& si : sd.getSignerInfos().items()) {
     if (!si.hasSignedAttrs()) continue;
     RAttributes raw;
@@ -42,7 +31,7 @@ void Signed(const ByteString& der) {
       if (!Is(attr.getType(), "1 2 840 113549 1 9 16 2 12")) continue;
       for (const RAny& v : attr.getValues().items()) {
         RSigningCertificate sc;
-        Stable(v.getElement(), sc);
+        PkixStable(v.getElement(), sc);
       }
     }
   }
@@ -53,16 +42,16 @@ void Signed(const ByteString& der) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > (1u << 16)) return 0;
   RContentInfo ci;
-  if (!Stable(ByteString(data, static_cast<int>(size)), ci) || !ci.hasContent()) return 0;
+  if (!PkixStable(ByteString(data, static_cast<int>(size)), ci) || !ci.hasContent()) return 0;
   const ByteString& content = ci.getContent().getElement();
   if (Is(ci.getContentType(), "1 2 840 113549 1 7 2")) {
     Signed(content);
   } else if (Is(ci.getContentType(), "1 2 840 113549 1 7 3")) {
     REnvelopedData ed;
-    Stable(content, ed);
+    PkixStable(content, ed);
   } else if (Is(ci.getContentType(), "1 2 840 113549 1 7 6")) {
     REncryptedData ed;
-    Stable(content, ed);
+    PkixStable(content, ed);
   }
   return 0;
 }
