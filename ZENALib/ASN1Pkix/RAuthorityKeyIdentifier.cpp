@@ -5,4 +5,5 @@ const RField RAuthorityKeyIdentifier::kFields[] = {
     R_FIELD_IMPLICIT(RAuthorityKeyIdentifier, authorityCertIssuer, 1, R_OPTIONAL),
     R_FIELD_IMPLICIT(RAuthorityKeyIdentifier, authorityCertSerialNumber, 2, R_OPTIONAL),
 };
-const RSchema RAuthorityKeyIdentifier::kSchema = R_SCHEMA(RAuthorityKeyIdentifier, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
+const RSchema RAuthorityKeyIdentifier::kSchema =
+    R_SCHEMA(RAuthorityKeyIdentifier, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);

@@ -8,4 +8,5 @@ const RField RIssuingDistributionPoint::kFields[] = {
     R_FIELD_IMPLICIT(RIssuingDistributionPoint, indirectCRL, 4, R_OPTIONAL),
     R_FIELD_IMPLICIT(RIssuingDistributionPoint, onlyContainsAttributeCerts, 5, R_OPTIONAL),
 };
-const RSchema RIssuingDistributionPoint::kSchema = R_SCHEMA(RIssuingDistributionPoint, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
+const RSchema RIssuingDistributionPoint::kSchema =
+    R_SCHEMA(RIssuingDistributionPoint, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);

@@ -5,5 +5,5 @@ const RField RRevokedCertificate::kFields[] = {
     R_FIELD_TAGS(RRevokedCertificate, revocationDate, ASN1_TAG_UTCTIME, R_TAGS_TIME, R_MANDATORY),
     R_FIELD(RRevokedCertificate, crlEntryExtensions, ASN1_TAG_SEQUENCE, R_OPTIONAL),
 };
-const RSchema RRevokedCertificate::kSchema = R_SCHEMA(RRevokedCertificate, ASN1_TAG_SEQUENCE,
-                                                      R_AT_LEAST(2, "At least 2 components are required."), kFields);
+const RSchema RRevokedCertificate::kSchema =
+    R_SCHEMA(RRevokedCertificate, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 components are required."), kFields);

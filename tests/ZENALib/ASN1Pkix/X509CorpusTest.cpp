@@ -50,7 +50,9 @@ using qvatest::ToHex;
 namespace {
 
 // Arcs separated by blanks (getOID is not const).
-std::string OidOf(const ASN1ObjectIdentifier& oid) { return const_cast<ASN1ObjectIdentifier&>(oid).getOID(' ').c_str(); }
+std::string OidOf(const ASN1ObjectIdentifier& oid) {
+  return const_cast<ASN1ObjectIdentifier&>(oid).getOID(' ').c_str();
+}
 
 template <typename T>
 ::testing::AssertionResult As(const ByteString& der) {
@@ -164,8 +166,8 @@ std::map<std::string, std::string> OpensslPerFile(const std::string& dir, const 
 // Serials or CRL numbers as openssl prints them (`cmd` is "x509 -serial" or
 // "crl -crlnumber"), in Canonical form; "<NONE>" where there is none.
 std::map<std::string, std::string> OpensslSerials(const std::string& dir, const char* cmd) {
-  auto m = OpensslPerFile(dir, std::string("openssl ") + cmd +
-                                   " -inform DER -in \"$f\" -noout 2>/dev/null | sed 's/^[^=]*=//'");
+  auto m = OpensslPerFile(
+      dir, std::string("openssl ") + cmd + " -inform DER -in \"$f\" -noout 2>/dev/null | sed 's/^[^=]*=//'");
   for (auto& [file, value] : m)
     if (value != "<NONE>") value = Canonical(value);
   return m;
@@ -200,17 +202,35 @@ TEST(X509Corpus, CertificatesRoundTripWithEveryExtension) {
   EXPECT_GE(n, 97);
   EXPECT_GE(v1, 7);  // make.sh writes seven v1 certificates
   // Each certificate extension make.sh asks for was found at least once.
-  for (const char* id : {"2 5 29 9", "2 5 29 14", "2 5 29 15", "2 5 29 16", "2 5 29 17", "2 5 29 18", "2 5 29 19",
-                         "2 5 29 30", "2 5 29 31", "2 5 29 32", "2 5 29 33", "2 5 29 35", "2 5 29 36", "2 5 29 37",
-                         "2 5 29 46", "2 5 29 54", "1 3 6 1 5 5 7 1 1", "1 3 6 1 5 5 7 1 11", "1 3 6 1 5 5 7 1 3",
-                         "2 16 840 1 113730 1 1", "2 16 840 1 113730 1 13", "1 2 3 4 5 6 7"})
+  for (const char* id : {"2 5 29 9",
+                         "2 5 29 14",
+                         "2 5 29 15",
+                         "2 5 29 16",
+                         "2 5 29 17",
+                         "2 5 29 18",
+                         "2 5 29 19",
+                         "2 5 29 30",
+                         "2 5 29 31",
+                         "2 5 29 32",
+                         "2 5 29 33",
+                         "2 5 29 35",
+                         "2 5 29 36",
+                         "2 5 29 37",
+                         "2 5 29 46",
+                         "2 5 29 54",
+                         "1 3 6 1 5 5 7 1 1",
+                         "1 3 6 1 5 5 7 1 11",
+                         "1 3 6 1 5 5 7 1 3",
+                         "2 16 840 1 113730 1 1",
+                         "2 16 840 1 113730 1 13",
+                         "1 2 3 4 5 6 7"})
     EXPECT_GT(seen[id], 0) << id;
 }
 
 TEST(X509Corpus, CrlsRoundTripWithEntryExtensions) {
   const auto numbers = OpensslSerials("pkix/x509/crls", "crl -crlnumber");
-  const auto revokedByOpenssl = OpensslPerFile(
-      "pkix/x509/crls", "openssl crl -inform DER -in \"$f\" -noout -text | grep -c 'Serial Number:'");
+  const auto revokedByOpenssl =
+      OpensslPerFile("pkix/x509/crls", "openssl crl -inform DER -in \"$f\" -noout -text | grep -c 'Serial Number:'");
   std::map<std::string, int> seen;
   int n = 0;
   for (const auto& path : Files("pkix/x509/crls")) {
@@ -231,8 +251,7 @@ TEST(X509Corpus, CrlsRoundTripWithEntryExtensions) {
       CheckExtensions(tbs.getCrlExtensions(), &seen);
       for (const RExtension& e : tbs.getCrlExtensions().items()) {
         ASN1Integer value;
-        if (OidOf(e.getExtnID()) == "2 5 29 20" &&
-            value.fromASN1Object(e.getExtnValue().getValue()) == 0)
+        if (OidOf(e.getExtnID()) == "2 5 29 20" && value.fromASN1Object(e.getExtnValue().getValue()) == 0)
           number = SerialHex(value);
       }
     }
@@ -307,8 +326,8 @@ TEST(X509Korean, CaPubsBundles) {
   for (const auto& r : rows) {
     SCOPED_TRACE(r.bundle);
     RPCaPubs bundle;
-    ASSERT_TRUE(RoundTrips(bundle, qvatest::ReadFileBs(qvatest::DataPath(std::string("pkix/x509/korean/capubs/") +
-                                                                             r.bundle))));
+    ASSERT_TRUE(
+        RoundTrips(bundle, qvatest::ReadFileBs(qvatest::DataPath(std::string("pkix/x509/korean/capubs/") + r.bundle))));
     ASSERT_GT(bundle.getCount(), 0);
     std::map<std::string, int> seen;
     for (RCertificate& cert : const_cast<std::vector<RCertificate>&>(bundle.items())) {
@@ -477,9 +496,9 @@ TEST(X509Built, CrlReadByOpenssl) {
   ASSERT_EQ(crl.getErrorCode(), 0) << crl.getErrorMessage().c_str();
 
   const std::string text = OpensslText("openssl crl", der);
-  for (const char* want : {"Version 2 (0x1)", "Last Update: Mar  1 00:00:00 2025 GMT",
-                           "Next Update: Apr  1 00:00:00 2025 GMT", "Serial Number: 0102", "Key Compromise",
-                           "Serial Number: 7F", "X509v3 CRL Number: \n                42"})
+  for (const char* want :
+       {"Version 2 (0x1)", "Last Update: Mar  1 00:00:00 2025 GMT", "Next Update: Apr  1 00:00:00 2025 GMT",
+        "Serial Number: 0102", "Key Compromise", "Serial Number: 7F", "X509v3 CRL Number: \n                42"})
     EXPECT_NE(text.find(want), std::string::npos) << want << "\n" << text;
   // The entry without extensions has none in the encoding either.
   EXPECT_EQ(text.find("CRL entry extensions"), text.rfind("CRL entry extensions"));
@@ -541,7 +560,8 @@ TEST(X509Built, ExtensionsReadByOpenssl) {
   const std::string text = OpensslText("openssl x509", der);
   for (const char* want : {"Version: 3 (0x2)", "X509v3 Basic Constraints: critical", "CA:TRUE, pathlen:2",
                            "DNS:built.example.com, IP Address:192.0.2.7, URI:http://built.example.com/",
-                           "Authority Key Identifier: \n                01:02:03:04", "Policy: 1.2.410.200004.5.2.1.2", "CPS: http://cps.example.kr/"})
+                           "Authority Key Identifier: \n                01:02:03:04", "Policy: 1.2.410.200004.5.2.1.2",
+                           "CPS: http://cps.example.kr/"})
     EXPECT_NE(text.find(want), std::string::npos) << want << "\n" << text;
 }
 
@@ -631,11 +651,11 @@ TEST(X509Corpus, DefaultFalseFlagsAgreeWithOpenssl) {
   }
   EXPECT_GT(checked, 20);
 
-  const auto flags = OpensslPerFile(
-      "pkix/x509/crls",
-      "openssl crl -inform DER -in \"$f\" -noout -text | awk '/Only User Certificates/{u=1} "
-      "/Only CA Certificates/{c=1} /Indirect CRL/{i=1} /Only Attribute Certificates/{a=1} "
-      "END{printf \"f%d%d%d%d\\n\", u, c, i, a}'");
+  const auto flags =
+      OpensslPerFile("pkix/x509/crls",
+                     "openssl crl -inform DER -in \"$f\" -noout -text | awk '/Only User Certificates/{u=1} "
+                     "/Only CA Certificates/{c=1} /Indirect CRL/{i=1} /Only Attribute Certificates/{a=1} "
+                     "END{printf \"f%d%d%d%d\\n\", u, c, i, a}'");
   checked = 0;
   for (const auto& path : Files("pkix/x509/crls")) {
     SCOPED_TRACE(path);

@@ -8,9 +8,9 @@
 
 #include "ZENALib/ASN1Pkix/RAttribute.h"
 #include "ZENALib/ASN1Pkix/RAttributes.h"
+#include "ZENALib/ASN1Pkix/RBuiltInDomainDefinedAttribute.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RCertificateList.h"
-#include "ZENALib/ASN1Pkix/RBuiltInDomainDefinedAttribute.h"
 #include "ZENALib/ASN1Pkix/RDistributionPointName.h"
 #include "ZENALib/ASN1Pkix/RExtensionAttribute.h"
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
@@ -24,42 +24,46 @@ using qvatest::ToHex;
 // Every GeneralName alternative: the identifier selects it, its content is
 // read as its type, and it encodes back to the same bytes.
 TEST(X509GeneralName, EveryAlternative) {
+  using G = RGeneralName&;  // getOID is not const
   struct Row {
     const char* hex;
-    int selected;      // index of the alternative in the CHOICE
-    const char* what;  // a value that proves the content was read as its type
+    int selected;             // index of the alternative in the CHOICE
+    std::string (*value)(G);  // reads the content as its type
+    const char* want;
   } rows[] = {
-      {"A0 0A 06032A0304 A003 0C0141", 0, "1.2.3.4"},          // otherName: type-id and [0] EXPLICIT UTF8String
-      {"81 05 6140622E63", 1, "a@b.c"},                      // rfc822Name [1] IMPLICIT IA5String
-      {"82 03 612E62", 2, "a.b"},                            // dNSName
-      {"A3 08 3006 6104 13024B52", 3, "KR"},                 // x400Address: country-name [APPLICATION 1]
-      {"A4 0E 300C 310A 3008 0603550403 0C0141", 4, "A"},    // directoryName [4] EXPLICIT Name
-      {"A5 05 A103 0C0141", 5, "A"},                         // ediPartyName: partyName [1] DirectoryString
-      {"86 03 613A62", 6, "a:b"},                            // uniformResourceIdentifier
-      {"87 04 7F000001", 7, "7f000001"},                     // iPAddress
-      {"88 03 2A0304", 8, "1 2 3 4"},                        // registeredID
+      // otherName: type-id and [0] EXPLICIT UTF8String
+      {"A0 0A 06032A0304 A003 0C0141", 0,
+       [](G g) { return std::string(g.getOtherName().getTypeId().getOID('.').c_str()); }, "1.2.3.4"},
+      // rfc822Name [1] IMPLICIT IA5String
+      {"81 05 6140622E63", 1, [](G g) { return qvatest::Str(g.getRfc822Name().getValue()); }, "a@b.c"},
+      // dNSName
+      {"82 03 612E62", 2, [](G g) { return qvatest::Str(g.getDNSName().getValue()); }, "a.b"},
+      // x400Address: country-name [APPLICATION 1] CHOICE
+      {"A3 08 3006 6104 13024B52", 3,
+       [](G g) {
+         return qvatest::Str(
+             g.getX400Address().getBuiltInStandardAttributes().getCountryName().getIso3166Alpha2Code().getValue());
+       },
+       "KR"},
+      // directoryName [4] EXPLICIT Name
+      {"A4 0E 300C 310A 3008 0603550403 0C0141", 4,
+       [](G g) { return qvatest::Str(g.getDirectoryName().getAt(0)->getAt(0)->getValue().getValue()); }, "A"},
+      // ediPartyName: partyName [1] DirectoryString
+      {"A5 05 A103 0C0141", 5,
+       [](G g) { return qvatest::Str(g.getEdiPartyName().getPartyName().getUtf8String().getValue()); }, "A"},
+      // uniformResourceIdentifier
+      {"86 03 613A62", 6, [](G g) { return qvatest::Str(g.getUniformResourceIdentifier().getValue()); }, "a:b"},
+      // iPAddress
+      {"87 04 7F000001", 7, [](G g) { return ToHex(g.getIPAddress().getValue()); }, "7f000001"},
+      // registeredID
+      {"88 03 2A0304", 8, [](G g) { return std::string(g.getRegisteredID().getOID(' ').c_str()); }, "1 2 3 4"},
   };
   for (const auto& r : rows) {
     SCOPED_TRACE(r.hex);
     RGeneralName gn;
     ASSERT_TRUE(RoundTrips(gn, Hex(r.hex)));
     EXPECT_EQ(gn.getSelected(), r.selected);
-    std::string got;
-    switch (r.selected) {
-      case 0: got = gn.getOtherName().getTypeId().getOID('.').c_str(); break;
-      case 1: got = qvatest::Str(gn.getRfc822Name().getValue()); break;
-      case 2: got = qvatest::Str(gn.getDNSName().getValue()); break;
-      case 3:
-        got = qvatest::Str(
-            gn.getX400Address().getBuiltInStandardAttributes().getCountryName().getIso3166Alpha2Code().getValue());
-        break;
-      case 4: got = qvatest::Str(gn.getDirectoryName().getAt(0)->getAt(0)->getValue().getValue()); break;
-      case 5: got = qvatest::Str(gn.getEdiPartyName().getPartyName().getUtf8String().getValue()); break;
-      case 6: got = qvatest::Str(gn.getUniformResourceIdentifier().getValue()); break;
-      case 7: got = ToHex(gn.getIPAddress().getValue()); break;
-      case 8: got = gn.getRegisteredID().getOID(' ').c_str(); break;
-    }
-    EXPECT_EQ(got, r.what);
+    EXPECT_EQ(r.value(gn), r.want);
   }
 }
 
@@ -100,10 +104,10 @@ std::string Tlv(const std::string& tag, const std::string& body) {
 }
 
 // Pieces of hand-made encodings.
-const std::string kAlg = "3003 06012A";                         // AlgorithmIdentifier { 1.2 }
-const std::string kUtc = "170D 3236313132323030303030305A";     // 261122000000Z
+const std::string kAlg = "3003 06012A";                      // AlgorithmIdentifier { 1.2 }
+const std::string kUtc = "170D 3236313132323030303030305A";  // 261122000000Z
 const std::string kValidity = Tlv("30", kUtc + kUtc);
-const std::string kSpki = "3008 3003 06012A 030100";            // { { 1.2 }, BIT STRING '' }
+const std::string kSpki = "3008 3003 06012A 030100";  // { { 1.2 }, BIT STRING '' }
 // TBSCertificate without [0] version: serial 5, empty names.
 const std::string kTbsV1 = Tlv("30", "020105" + kAlg + "3000" + kValidity + "3000" + kSpki);
 const std::string kSig = "030100";
@@ -125,7 +129,7 @@ TEST(X509Malformed, TbsCertificateWithoutVersion) {
   EXPECT_FALSE(tbs.hasVersion());
   EXPECT_EQ(tbs.getVersion().getInteger(), 0);
   EXPECT_EQ(tbs.getSerialNumber().getInteger(), 5);  // read from component 0
-  EXPECT_EQ(tbs.toASN1Object(), Hex(kTbsV1));         // and the version stays out
+  EXPECT_EQ(tbs.toASN1Object(), Hex(kTbsV1));        // and the version stays out
 }
 
 // Each row: a class, a malformed encoding, the code it must fail with, and
@@ -167,8 +171,8 @@ TEST(X509Malformed, CountAndTagMessages) {
        "RRevokedCertificate::fromASN1Object-nCount(21), At least 2 components are required."},
       // A revoked entry with an OCTET STRING serial, two levels down in a CRL:
       // the code passes through every level unchanged.
-      {&Decode<RCertificateList>, Tlv("30", Tlv("30", kAlg + "3000" + kUtc + Tlv("30", Tlv("30", "040101" + kUtc))) + kAlg + kSig),
-       R_ERR_TAG,
+      {&Decode<RCertificateList>,
+       Tlv("30", Tlv("30", kAlg + "3000" + kUtc + Tlv("30", Tlv("30", "040101" + kUtc))) + kAlg + kSig), R_ERR_TAG,
        "RRevokedCertificate::fromASN1Object-m_userCertificate(22), userCertificate component is not "
        "ASN1_TAG_INTEGER."},
       // Attribute with one and with three components.
