@@ -19,6 +19,7 @@
 #include "ZENALib/ASN1Pkix/RSignedData.h"
 #include "ZENALib/ASN1Pkix/RSigningCertificate.h"
 #include "ZENALib/ASN1Pkix/RTSTInfo.h"
+#include "tests/ZENALib/ASN1Pkix/X509RoundTrip.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::ToHex;
@@ -50,18 +51,6 @@ std::vector<std::string> Files(const std::string& prefix, const std::string& suf
 ByteString Load(const std::string& name) { return qvatest::ReadFileBs(Dir() + "/" + name); }
 
 std::string Oid(ASN1ObjectIdentifier& oid) { return qvatest::Str(oid.getOID()); }
-
-// Decodes `der` into obj and encodes it again: the bytes must not change.
-template <typename T>
-::testing::AssertionResult RoundTrips(T& obj, const ByteString& der) {
-  if (int rc = obj.fromASN1Object(der))
-    return ::testing::AssertionFailure() << "decode " << rc << ": " << obj.getErrorMessage().c_str();
-  const ByteString again = obj.toASN1Object();
-  if (obj.getErrorCode() != 0)
-    return ::testing::AssertionFailure() << "encode: " << obj.getErrorMessage().c_str();
-  if (again != der) return ::testing::AssertionFailure() << "re-encoding differs: " << ToHex(again).substr(0, 200);
-  return ::testing::AssertionSuccess();
-}
 
 // Component i of the SEQUENCE `der` (empty when there is none).
 ByteString Component(const ByteString& der, int i) {
