@@ -4,8 +4,9 @@
 
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
 #include "ZENALib/ASN1Pkix/RListOf.h"
+#include "ZENALib/ASN1Pkix/RUniversalItem.h"
 
-class RExtKeyUsageSyntax : public RListOf<ASN1ObjectIdentifier> {
+class RExtKeyUsageSyntax : public RListOf<RUniversalItem<ASN1ObjectIdentifier>> {
  public:
   RExtKeyUsageSyntax() : RListOf("RExtKeyUsageSyntax") {}
 };

@@ -3,8 +3,9 @@
 
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RListOf.h"
+#include "ZENALib/ASN1Pkix/RUniversalItem.h"
 
-class RNoticeNumbers : public RListOf<ASN1Integer> {
+class RNoticeNumbers : public RListOf<RUniversalItem<ASN1Integer>> {
  public:
   RNoticeNumbers() : RListOf("RNoticeNumbers") {}
 };

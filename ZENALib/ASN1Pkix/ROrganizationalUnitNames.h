@@ -5,8 +5,9 @@
 
 #include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1Pkix/RListOf.h"
+#include "ZENALib/ASN1Pkix/RUniversalItem.h"
 
-class ROrganizationalUnitNames : public RListOf<ASN1PrintableString> {
+class ROrganizationalUnitNames : public RListOf<RUniversalItem<ASN1PrintableString>> {
  public:
   ROrganizationalUnitNames() : RListOf("ROrganizationalUnitNames") {}
 };

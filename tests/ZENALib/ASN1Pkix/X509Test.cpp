@@ -12,7 +12,9 @@
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RCertificateList.h"
 #include "ZENALib/ASN1Pkix/RDistributionPointName.h"
+#include "ZENALib/ASN1Pkix/RExtKeyUsageSyntax.h"
 #include "ZENALib/ASN1Pkix/RExtensionAttribute.h"
+#include "ZENALib/ASN1Pkix/RNoticeNumbers.h"
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RPolicyInformation.h"
 #include "tests/ZENALib/ASN1Pkix/X509RoundTrip.h"
@@ -204,6 +206,16 @@ TEST(X509Malformed, CountAndTagMessages) {
       // PolicyInformation whose identifier is an INTEGER.
       {&Decode<RPolicyInformation>, "3003 020101", R_ERR_TAG,
        "RPolicyInformation::fromASN1Object-m_policyIdentifier(22), policyIdentifier component is not ASN1_TAG_OID."},
+      // Lists of a universal type refuse tagged items, which the typed
+      // classes would take under an implicit tag and write back tagged:
+      // a [0] primitive, and a private constructed high-tag identifier (the
+      // input the certificate fuzz target found unstable).
+      {&Decode<RExtKeyUsageSyntax>, "3004 80022A03", R_ERR_TAG,
+       "RExtKeyUsageSyntax::fromASN1Object-m_items(22), [RUniversalItem.h:"},
+      {&Decode<RExtKeyUsageSyntax>, "3003 FF0000", R_ERR_TAG,
+       "RUniversalItem::fromASN1Object-bsData(22), item is not ASN1_TAG_OID."},
+      {&Decode<RNoticeNumbers>, "3006 020101 810101", R_ERR_TAG,
+       "RUniversalItem::fromASN1Object-bsData(22), item is not ASN1_TAG_INTEGER."},
       // GeneralName [9] and DistributionPointName [2]: no such alternative.
       {&Decode<RGeneralName>, "89 01 00", R_ERR_CHOICE,
        "RGeneralName::fromASN1Object-m_nSelected(23), No alternative has the identifier 0x89."},
