@@ -5,15 +5,25 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <ctime>
+#include <functional>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "ZENALib/ASN1/ASN1BitString.h"
+#include "ZENALib/ASN1/ASN1Boolean.h"
+#include "ZENALib/ASN1/ASN1Enumerated.h"
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
+#include "ZENALib/ASN1/ASN1IA5String.h"
 #include "ZENALib/ASN1/ASN1Integer.h"
+#include "ZENALib/ASN1/ASN1Null.h"
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
+#include "ZENALib/ASN1/ASN1OctetString.h"
+#include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
+#include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "tests/support/TestUtil.h"
 
@@ -234,5 +244,121 @@ TEST(ASN1OpensslCross, ComponentWalkMatchesAsn1parse) {
       ASSERT_EQ(Describe(e), Describe(ours)) << "line " << i;
     }
     EXPECT_GT(walker.primitives, 5);
+  }
+}
+
+namespace {
+
+template <typename T>
+ByteString Encoded(T&& object) {
+  return object.toASN1Object();
+}
+
+template <typename T>
+T Tagged(T object, bool explicitTag, int tagNo, unsigned char tagClass) {
+  if (explicitTag) {
+    object.setExplicitTag(tagNo, tagClass);
+  } else {
+    object.setImplicitTag(tagNo, tagClass);
+  }
+  return object;
+}
+
+ByteString OidOf(const char* text) {
+  ASN1ObjectIdentifier oid;
+  EXPECT_EQ(0, oid.setOID(text));
+  return oid.toASN1Object();
+}
+
+template <typename T>
+ByteString TextOf(const char* text) {
+  T t;
+  EXPECT_EQ(0, t.setValue(text)) << text;
+  return t.toASN1Object();
+}
+
+ByteString NamedBits(const char* hex) {
+  ASN1BitString b;
+  EXPECT_EQ(0, b.setBitString(qvatest::Hex(hex), 1));
+  return b.toASN1Object();
+}
+
+template <typename T>
+ByteString TimeOf(int y, int mo, int d, int h, int mi, int sec) {
+  std::tm tm{};
+  tm.tm_year = y - 1900;
+  tm.tm_mon = mo - 1;
+  tm.tm_mday = d;
+  tm.tm_hour = h;
+  tm.tm_min = mi;
+  tm.tm_sec = sec;
+  T t;
+  EXPECT_EQ(0, t.setGMTTime(timegm(&tm)));
+  return t.toASN1Object();
+}
+
+}  // namespace
+
+TEST(ASN1OpensslCross, EncodingsMatchAsn1parseGenstr) {
+  const std::string long300(600, 'A');
+  struct Case {
+    std::string genstr;  // what `openssl asn1parse -genstr` encodes
+    std::function<ByteString()> ours;
+  };
+  const Case cases[] = {
+      {"OID:1.2.840.113549.1.5.13", [] { return OidOf("1 2 840 113549 1 5 13"); }},
+      {"OID:1.2.410.200004.1.15.1", [] { return OidOf("1.2.410.200004.1.15.1"); }},
+      {"OID:2.5.29.32.0", [] { return OidOf("2 5 29 32 0"); }},
+      {"INTEGER:0", [] { return Encoded(ASN1Integer(0)); }},
+      {"INTEGER:128", [] { return Encoded(ASN1Integer(128)); }},
+      {"INTEGER:256", [] { return Encoded(ASN1Integer(256)); }},
+      {"INTEGER:-128", [] { return Encoded(ASN1Integer(-128)); }},
+      {"INTEGER:-129", [] { return Encoded(ASN1Integer(-129)); }},
+      {"INTEGER:2147483647", [] { return Encoded(ASN1Integer(2147483647)); }},
+      {"INTEGER:-2147483648", [] { return Encoded(ASN1Integer(-2147483647 - 1)); }},
+      {"ENUMERATED:3", [] { return Encoded(ASN1Enumerated(3)); }},
+      {"BOOLEAN:TRUE", [] { return Encoded(ASN1Boolean(true)); }},
+      {"NULL", [] { return Encoded(ASN1Null()); }},
+      {"FORMAT:BITLIST,BITSTRING:0", [] { return NamedBits("80"); }},    // digitalSignature
+      {"FORMAT:BITLIST,BITSTRING:5,6", [] { return NamedBits("06"); }},  // keyCertSign, cRLSign
+      {"FORMAT:BITLIST,BITSTRING:8", [] { return NamedBits("0080"); }},  // decipherOnly
+      {"UTCTIME:491231235959Z", [] { return TimeOf<ASN1UTCTime>(2049, 12, 31, 23, 59, 59); }},
+      {"GENERALIZEDTIME:20500101000000Z", [] { return TimeOf<ASN1GeneralizedTime>(2050, 1, 1, 0, 0, 0); }},
+      {"IA5STRING:test@example.kr", [] { return TextOf<ASN1IA5String>("test@example.kr"); }},
+      {"PRINTABLESTRING:KR", [] { return TextOf<ASN1PrintableString>("KR"); }},
+      {"FORMAT:HEX,OCTETSTRING:" + long300,
+       [] {
+         ASN1OctetString o;
+         o.setValue(qvatest::Hex(std::string(600, 'A')));
+         return o.toASN1Object();
+       }},
+      {"EXP:0,INTEGER:2", [] { return Encoded(Tagged(ASN1Integer(2), true, 0, ASN1_CLASS_CONTEXT)); }},
+      {"EXP:200,INTEGER:7", [] { return Encoded(Tagged(ASN1Integer(7), true, 200, ASN1_CLASS_CONTEXT)); }},
+      {"IMP:31,INTEGER:65", [] { return Encoded(Tagged(ASN1Integer(65), false, 31, ASN1_CLASS_CONTEXT)); }},
+      {"IMP:5A,INTEGER:1", [] { return Encoded(Tagged(ASN1Integer(1), false, 5, ASN1_CLASS_APPLICATION)); }},
+      {"IMP:3P,NULL", [] { return Encoded(Tagged(ASN1Null(), false, 3, ASN1_CLASS_PRIVATE)); }},
+      {"IMP:1,SEQUENCE:two",
+       [] {
+         ASN1Sequence seq;
+         seq.addComponent(ASN1Integer(1).toASN1Object());
+         seq.addComponent(ASN1Null().toASN1Object());
+         seq.setImplicitTag(1, ASN1_CLASS_CONTEXT);
+         return seq.toASN1Object();
+       }},
+      {"SET:two",
+       [] {
+         ASN1Set set;
+         set.addComponent(ASN1Integer(1).toASN1Object());
+         set.addComponent(ASN1Null().toASN1Object());
+         return set.toASN1Object();
+       }},
+  };
+  qvatest::TempDir dir;
+  qvatest::WriteFile(dir.file("conf"), std::string("[two]\na=INTEGER:1\nb=NULL\n"));
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.genstr.substr(0, 40));
+    ASSERT_EQ(0, qvatest::Run("openssl asn1parse -genstr '" + c.genstr + "' -genconf '" + dir.file("conf") +
+                              "' -noout -out '" + dir.file("out.der") + "'"));
+    EXPECT_EQ(ToHex(qvatest::ReadFileBs(dir.file("out.der"))), ToHex(c.ours()));
   }
 }
