@@ -16,7 +16,8 @@ using namespace ecsp_internal;
 
 namespace {
 
-enum Family { kRsaPkcs1, kRsaOaep, kRsaPss, kEcdsa, kDsa, kKcdsa, kEcdh, kDh };
+// kRsaEncrypt and kRsaOaep encrypt; kRsaPkcs1 and kRsaPss sign.
+enum Family { kRsaEncrypt, kRsaOaep, kRsaPkcs1, kRsaPss, kEcdsa, kDsa, kKcdsa, kEcdh, kDh };
 
 // One row per public-key code: the family, the digest, the key size (RSA
 // modulus or KCDSA p, 0 for any) and the curve.
@@ -29,9 +30,9 @@ struct PkRow {
 };
 
 constexpr PkRow kRows[] = {
-    {ecsp::kRSA512, kRsaPkcs1, kDigestSHA1, 512, nullptr},
-    {ecsp::kRSA1024, kRsaPkcs1, kDigestSHA1, 1024, nullptr},
-    {ecsp::kRSA2048, kRsaPkcs1, kDigestSHA1, 2048, nullptr},
+    {ecsp::kRSA512, kRsaEncrypt, kDigestSHA1, 512, nullptr},
+    {ecsp::kRSA1024, kRsaEncrypt, kDigestSHA1, 1024, nullptr},
+    {ecsp::kRSA2048, kRsaEncrypt, kDigestSHA1, 2048, nullptr},
     {ecsp::kRSAOAEP1024, kRsaOaep, kDigestSHA1, 1024, nullptr},
     {ecsp::kRSAOAEP2048, kRsaOaep, kDigestSHA1, 2048, nullptr},
     {ecsp::kMD5RSA512, kRsaPkcs1, kDigestMD5, 512, nullptr},
@@ -87,8 +88,9 @@ bool KeyFits(const PkRow& row, const ECSP_PKEY* k) {
   if (row.family == kKcdsa) return k->pKcdsa && KCDSA_PBits(k->pKcdsa) == row.nBits;
   if (!k->pEvp) return false;
   switch (row.family) {
-    case kRsaPkcs1:
+    case kRsaEncrypt:
     case kRsaOaep:
+    case kRsaPkcs1:
     case kRsaPss:
       return EVP_PKEY_is_a(k->pEvp, "RSA") && EVP_PKEY_get_bits(k->pEvp) == row.nBits;
     case kDsa:
@@ -132,7 +134,7 @@ void FreePKey(ECSP_PKEY* p) {
 
 bool IsRsaCipher(int nAlgID) {
   const PkRow* row = FindRow(nAlgID);
-  return row && (row->family == kRsaOaep || (row->family == kRsaPkcs1 && nAlgID < 100000));
+  return row && (row->family == kRsaEncrypt || row->family == kRsaOaep);
 }
 
 int ParsePKey(int nAlgID, const unsigned char* p, int n, bool bExpectPrivate, ECSP_PKEY** ppKey) {
@@ -344,8 +346,9 @@ namespace {
 int GenerateEvpKey(const PkRow& row, EvpPkeyPtr* pOut) {
   OSSL_LIB_CTX* lib = LibCtx();
   switch (row.family) {
-    case kRsaPkcs1:
+    case kRsaEncrypt:
     case kRsaOaep:
+    case kRsaPkcs1:
     case kRsaPss:
       pOut->reset(EVP_PKEY_Q_keygen(lib, nullptr, "RSA", static_cast<std::size_t>(row.nBits)));
       break;
