@@ -285,6 +285,17 @@ void VerifyOpenssl(benchmark::State& st, SignCase c) {
   st.SetItemsProcessed(st.iterations());
 }
 
+// Registers "<name>/ours" and "<name>/openssl" over the buffer sizes.
+template <class Ours, class Raw>
+void RegisterSizedPair(const std::string& name, Ours ours, Raw raw) {
+  auto* a = benchmark::RegisterBenchmark((name + "/ours").c_str(), ours);
+  auto* b = benchmark::RegisterBenchmark((name + "/openssl").c_str(), raw);
+  for (int n : kSizes) {
+    a->Arg(n);
+    b->Arg(n);
+  }
+}
+
 int Register() {
   const struct {
     const char* name;
@@ -294,34 +305,17 @@ int Register() {
   for (const auto& h : hashes) {
     const int alg = h.alg;
     const char* evp = h.evp;
-    auto* ours = benchmark::RegisterBenchmark((std::string("hash/") + h.name + "/ours").c_str(),
-                                              [alg](benchmark::State& st) { HashOurs(st, alg); });
-    auto* raw = benchmark::RegisterBenchmark((std::string("hash/") + h.name + "/openssl").c_str(),
-                                             [evp](benchmark::State& st) { HashOpenssl(st, evp); });
-    for (int n : kSizes) {
-      ours->Arg(n);
-      raw->Arg(n);
-    }
+    RegisterSizedPair(std::string("hash/") + h.name, [alg](benchmark::State& st) { HashOurs(st, alg); },
+                      [evp](benchmark::State& st) { HashOpenssl(st, evp); });
   }
   // HAS-160 here beside SHA-1 in OpenSSL on the same buffer.
-  auto* has = benchmark::RegisterBenchmark("has160_vs_sha1/ours", [](benchmark::State& st) { HashOurs(st, 1020); });
-  auto* sha = benchmark::RegisterBenchmark("has160_vs_sha1/openssl",
-                                           [](benchmark::State& st) { HashOpenssl(st, "SHA1"); });
-  for (int n : kSizes) {
-    has->Arg(n);
-    sha->Arg(n);
-  }
+  RegisterSizedPair("has160_vs_sha1", [](benchmark::State& st) { HashOurs(st, 1020); },
+                    [](benchmark::State& st) { HashOpenssl(st, "SHA1"); });
   benchmark::RegisterBenchmark("has160_file64M/ours", Has160FileOurs)->Iterations(5)->UseRealTime();
   benchmark::RegisterBenchmark("has160_file64M/rhash", Has160FileRhash)->Iterations(5)->UseRealTime();
   for (const CipherCase& c : kCiphers) {
-    auto* ours = benchmark::RegisterBenchmark((std::string("cipher/") + c.name + "/ours").c_str(),
-                                              [c](benchmark::State& st) { EncryptOurs(st, c); });
-    auto* raw = benchmark::RegisterBenchmark((std::string("cipher/") + c.name + "/openssl").c_str(),
-                                             [c](benchmark::State& st) { EncryptOpenssl(st, c); });
-    for (int n : kSizes) {
-      ours->Arg(n);
-      raw->Arg(n);
-    }
+    RegisterSizedPair(std::string("cipher/") + c.name, [c](benchmark::State& st) { EncryptOurs(st, c); },
+                      [c](benchmark::State& st) { EncryptOpenssl(st, c); });
   }
   for (const SignCase& c : kSigns) {
     const std::string ref = c.md ? "/openssl" : "/openssl_dsa2048";
