@@ -31,6 +31,7 @@
 #include "ZENALib/ASN1Pkix/RCertificatePolicies.h"
 #include "ZENALib/ASN1Pkix/RExtKeyUsageSyntax.h"
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
+#include "ZENALib/ASN1Pkix/RIdentifyData.h"
 #include "ZENALib/ASN1Pkix/RIssuingDistributionPoint.h"
 #include "ZENALib/ASN1Pkix/RNameConstraints.h"
 #include "ZENALib/ASN1Pkix/RPCaPubs.h"
@@ -79,6 +80,29 @@ template <typename T>
   return ::testing::AssertionSuccess();
 }
 
+// How many identity-verification names, and VIDs inside them, AsNames has read.
+int g_nIdentifyData = 0, g_nVID = 0;
+
+// General names, and inside them the Korean identity-verification otherName
+// (real name and virtual identifiers) by its own classes.
+::testing::AssertionResult AsNames(const ByteString& der) {
+  RGeneralNames names;
+  if (auto r = RoundTrips(names, der); !r) return r;
+  for (const RGeneralName& n : names.items()) {
+    if (!n.isOtherName() || OidOf(n.getOtherName().getTypeId()) != "1 2 410 200004 10 1 1") continue;
+    RIdentifyData id;
+    if (auto r = RoundTrips(id, n.getOtherName().getNameValue().getElement()); !r) return r;
+    ++g_nIdentifyData;
+    if (!id.hasUserInfo()) continue;  // CA certificates name the organisation only
+    RVID vid;
+    if (id.getVID(0, &vid) != 0) return ::testing::AssertionFailure() << "VID: " << vid.getErrorMessage().c_str();
+    if (OidOf(vid.getHashAlg().getAlgorithm()) != "2 16 840 1 101 3 4 2 1")
+      return ::testing::AssertionFailure() << "VID hash " << OidOf(vid.getHashAlg().getAlgorithm());
+    ++g_nVID;
+  }
+  return ::testing::AssertionSuccess();
+}
+
 using Check = ::testing::AssertionResult (*)(const ByteString&);
 
 // Every extension the corpus holds, by identifier, with the class that reads
@@ -89,7 +113,7 @@ const std::map<std::string, Check>& Extensions() {
       {"2 5 29 14", &As<ASN1OctetString>},  // subjectKeyIdentifier
       {"2 5 29 15", &As<ASN1BitString>},    // keyUsage
       {"2 5 29 16", &As<RPrivateKeyUsagePeriod>},
-      {"2 5 29 17", &As<RGeneralNames>},  // subjectAltName
+      {"2 5 29 17", &AsNames},            // subjectAltName
       {"2 5 29 18", &As<RGeneralNames>},  // issuerAltName
       {"2 5 29 19", &As<RBasicConstraints>},
       {"2 5 29 20", &As<ASN1Integer>},           // cRLNumber
@@ -184,6 +208,7 @@ ByteString FirstComponent(const ByteString& der, int length) {
 
 TEST(X509Corpus, CertificatesRoundTripWithEveryExtension) {
   const auto serials = OpensslSerials("pkix/x509/certs", "x509 -serial");
+  g_nIdentifyData = g_nVID = 0;
   std::map<std::string, int> seen;
   int n = 0, v1 = 0;
   for (const auto& path : Files("pkix/x509/certs")) {
@@ -200,7 +225,8 @@ TEST(X509Corpus, CertificatesRoundTripWithEveryExtension) {
     ++n;
   }
   EXPECT_GE(n, 97);
-  EXPECT_GE(v1, 7);  // make.sh writes seven v1 certificates
+  EXPECT_GE(g_nVID, 12);  // the names and everything profiles, for each key
+  EXPECT_GE(v1, 7);       // make.sh writes seven v1 certificates
   // Each certificate extension make.sh asks for was found at least once.
   for (const char* id : {"2 5 29 9",
                          "2 5 29 14",
@@ -274,6 +300,7 @@ TEST(X509Corpus, CrlsRoundTripWithEntryExtensions) {
 // the subject alternative name and BMPString user notices).
 TEST(X509Korean, CertificatesAndCrlRoundTrip) {
   std::map<std::string, int> seen;
+  g_nIdentifyData = g_nVID = 0;
   int n = 0;
   for (const auto& path : Files("pkix/x509/korean/certs")) {
     SCOPED_TRACE(path);
@@ -284,6 +311,8 @@ TEST(X509Korean, CertificatesAndCrlRoundTrip) {
     ++n;
   }
   EXPECT_EQ(n, 5);
+  EXPECT_EQ(g_nIdentifyData, 3);  // the KTNET signing certificate, the TradeSign CA and TSA
+  EXPECT_EQ(g_nVID, 1);           // the KTNET signing certificate
   EXPECT_GT(seen["2 5 29 32"], 0);
   EXPECT_GT(seen["2 5 29 17"], 0);
 
