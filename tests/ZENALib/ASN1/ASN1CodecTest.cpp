@@ -10,7 +10,7 @@
 #include "ZENALib/ASN1/ASN1Object.h"
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
-#include "tests/ZENALib/ASN1/TraceText.h"
+#include "tests/ZENALib/ASN1/ASN1TestUtil.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;

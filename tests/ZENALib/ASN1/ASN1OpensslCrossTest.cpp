@@ -25,6 +25,7 @@
 #include "ZENALib/ASN1/ASN1Sequence.h"
 #include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1/ASN1UTCTime.h"
+#include "tests/ZENALib/ASN1/ASN1TestUtil.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::DataPath;
@@ -285,15 +286,8 @@ ByteString NamedBits(const char* hex) {
 
 template <typename T>
 ByteString TimeOf(int y, int mo, int d, int h, int mi, int sec) {
-  std::tm tm{};
-  tm.tm_year = y - 1900;
-  tm.tm_mon = mo - 1;
-  tm.tm_mday = d;
-  tm.tm_hour = h;
-  tm.tm_min = mi;
-  tm.tm_sec = sec;
   T t;
-  EXPECT_EQ(0, t.setGMTTime(timegm(&tm)));
+  EXPECT_EQ(0, t.setGMTTime(UtcSeconds(y, mo, d, h, mi, sec)));
   return t.toASN1Object();
 }
 

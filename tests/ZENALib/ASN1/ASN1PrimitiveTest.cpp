@@ -28,7 +28,7 @@
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1/ASN1UTF8String.h"
 #include "ZENALib/ASN1/ASN1VisibleString.h"
-#include "tests/ZENALib/ASN1/TraceText.h"
+#include "tests/ZENALib/ASN1/ASN1TestUtil.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
@@ -39,7 +39,7 @@ namespace {
 
 
 // Seconds since 1970 of a UTC date, by the C library rather than by our calendar.
-std::time_t Utc(int y, int mo, int d, int h, int mi, int s) {
+std::time_t UtcSeconds(int y, int mo, int d, int h, int mi, int s) {
   std::tm tm{};
   tm.tm_year = y - 1900;
   tm.tm_mon = mo - 1;
@@ -275,12 +275,12 @@ TEST(ASN1Primitive, UTCTimeTexts) {
     std::time_t time;     // on success
   };
   const Case cases[] = {
-      {"491231235959Z", 0, "", "", Utc(2049, 12, 31, 23, 59, 59)},  // 49 is 2049
+      {"491231235959Z", 0, "", "", UtcSeconds(2049, 12, 31, 23, 59, 59)},  // 49 is 2049
       {"700101000000Z", 0, "", "", 0},
-      {"0002291200Z", 0, "", "", Utc(2000, 2, 29, 12, 0, 0)},       // 2000 is a leap year
-      {"100101000000+0930", 0, "", "", Utc(2010, 1, 1, 9, 30, 0)},  // '+' is added
-      {"100101000000-0130", 0, "", "", Utc(2009, 12, 31, 22, 30, 0)},
-      {"991231230000+0200", 0, "", "", Utc(2000, 1, 1, 1, 0, 0)},   // carries into the year
+      {"0002291200Z", 0, "", "", UtcSeconds(2000, 2, 29, 12, 0, 0)},       // 2000 is a leap year
+      {"100101000000+0930", 0, "", "", UtcSeconds(2010, 1, 1, 9, 30, 0)},  // '+' is added
+      {"100101000000-0130", 0, "", "", UtcSeconds(2009, 12, 31, 22, 30, 0)},
+      {"991231230000+0200", 0, "", "", UtcSeconds(2000, 1, 1, 1, 0, 0)},   // carries into the year
       {"500101000000Z", 8, "data", kBefore1970, 0},                  // 50 is 1950
       {"0102300000Z", 6, "nDay", " : day error", 0},
       {"2102290000Z", 6, "nDay", " : day error", 0},
@@ -337,11 +337,11 @@ TEST(ASN1Primitive, GeneralizedTimeTexts) {
     std::time_t time;
   };
   const Case cases[] = {
-      {"20081231235959Z", 0, "", "", Utc(2008, 12, 31, 23, 59, 59)},
-      {"20081231235959.5Z", 0, "", "", Utc(2008, 12, 31, 23, 59, 59)},  // the fraction is skipped
-      {"20081231235959.Z", 0, "", "", Utc(2008, 12, 31, 23, 59, 59)},
-      {"20080229000000Z", 0, "", "", Utc(2008, 2, 29, 0, 0, 0)},
-      {"99991231235959Z", 0, "", "", Utc(9999, 12, 31, 23, 59, 59)},
+      {"20081231235959Z", 0, "", "", UtcSeconds(2008, 12, 31, 23, 59, 59)},
+      {"20081231235959.5Z", 0, "", "", UtcSeconds(2008, 12, 31, 23, 59, 59)},  // the fraction is skipped
+      {"20081231235959.Z", 0, "", "", UtcSeconds(2008, 12, 31, 23, 59, 59)},
+      {"20080229000000Z", 0, "", "", UtcSeconds(2008, 2, 29, 0, 0, 0)},
+      {"99991231235959Z", 0, "", "", UtcSeconds(9999, 12, 31, 23, 59, 59)},
       {"20081231235959.5", 8, "data", " : invalid format", 0},
       {"20081231235959Y", 8, "data", " : invalid format", 0},
       {"20081231235959.5xZ", 8, "data", " : invalid format", 0},
@@ -387,9 +387,9 @@ TEST(ASN1Primitive, TimesFromCalendarTime) {
   };
   const Case cases[] = {
       {0, "700101000000Z", "19700101000000Z"},
-      {Utc(2049, 12, 31, 23, 59, 59), "491231235959Z", "20491231235959Z"},
-      {Utc(2000, 2, 29, 1, 2, 3), "000229010203Z", "20000229010203Z"},
-      {Utc(2038, 1, 19, 3, 14, 8), "380119031408Z", "20380119031408Z"},  // past 32-bit seconds
+      {UtcSeconds(2049, 12, 31, 23, 59, 59), "491231235959Z", "20491231235959Z"},
+      {UtcSeconds(2000, 2, 29, 1, 2, 3), "000229010203Z", "20000229010203Z"},
+      {UtcSeconds(2038, 1, 19, 3, 14, 8), "380119031408Z", "20380119031408Z"},  // past 32-bit seconds
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.utc);

@@ -9,7 +9,7 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
 #include "ZENALib/ASN1/ASN1Set.h"
-#include "tests/ZENALib/ASN1/TraceText.h"
+#include "tests/ZENALib/ASN1/ASN1TestUtil.h"
 #include "tests/support/TestUtil.h"
 
 using qvatest::Hex;
@@ -108,7 +108,7 @@ TEST(ASN1Sequence, BuildsWhatItWalksAndGrowsInSteps) {
   EXPECT_EQ(der, copy.toASN1Object());
   ASN1Sequence moved(std::move(copy));
   EXPECT_EQ(45, moved.getComponentCount());
-  EXPECT_EQ(0, copy.getComponentCount());  // NOLINT(bugprone-use-after-move): moved-from state is specified
+  EXPECT_EQ(0, copy.getComponentCount());  // NOLINT(bugprone-use-after-move): a moved-from sequence is empty
   ASN1Sequence assigned;
   assigned = moved;
   EXPECT_EQ(der, assigned.toASN1Object());
