@@ -35,23 +35,6 @@ using qvatest::Hex;
 using qvatest::Str;
 using qvatest::ToHex;
 
-namespace {
-
-
-// Seconds since 1970 of a UTC date, by the C library rather than by our calendar.
-std::time_t UtcSeconds(int y, int mo, int d, int h, int mi, int s) {
-  std::tm tm{};
-  tm.tm_year = y - 1900;
-  tm.tm_mon = mo - 1;
-  tm.tm_mday = d;
-  tm.tm_hour = h;
-  tm.tm_min = mi;
-  tm.tm_sec = s;
-  return timegm(&tm);
-}
-
-}  // namespace
-
 TEST(ASN1Primitive, EveryClassChecksItsTag) {
   struct Case {
     std::function<ASN1Object*()> make;
