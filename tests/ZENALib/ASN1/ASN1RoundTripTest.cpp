@@ -238,7 +238,79 @@ ByteString DecodeAndEncode(const Node& n, const ByteString& der) {
   return o->toASN1Object();
 }
 
+// Identifier octets of an encoding.
+int IdentifierLength(const ByteString& der) {
+  if ((der.data()[0] & 0x1F) != 0x1F) return 1;
+  ASN1Object probe;
+  return probe.GetHighTag(der.data(), der.length(), nullptr, true);
+}
+
+// The components of any constructed element, read through a SEQUENCE identifier.
+ASN1Sequence Split(const ByteString& der) {
+  const int idLen = IdentifierLength(der);
+  ByteString asSequence("\x30", 1);
+  asSequence.append(der.data() + idLen, der.length() - idLen);
+  ASN1Sequence seq;
+  EXPECT_EQ(0, seq.fromASN1Object(asSequence)) << Str(seq.getErrorMessage());
+  return seq;
+}
+
+// The same tree with every constructed element in BER indefinite-length form.
+ByteString ToIndefinite(const ByteString& der) {
+  if (!(der.data()[0] & ASN1_CONSTRUCTED)) return der;
+  ByteString out(der.data(), IdentifierLength(der));
+  out += static_cast<char>(0x80);
+  ASN1Sequence seq = Split(der);
+  for (int i = 0; i < seq.getComponentCount(); ++i) out += ToIndefinite(seq.getComponent(i));
+  out.append("\0\0", 2);
+  return out;
+}
+
+// Depth, identifier and contents of every primitive, in walk order.
+void Flatten(const ByteString& encoding, int depth, std::string* out) {
+  const int idLen = IdentifierLength(encoding);
+  *out += std::to_string(depth) + ":" + ToHex(ByteString(encoding.data(), idLen));
+  if (encoding.data()[0] & ASN1_CONSTRUCTED) {
+    ASN1Sequence seq = Split(encoding);
+    *out += "{" + std::to_string(seq.getComponentCount()) + "}";
+    for (int i = 0; i < seq.getComponentCount(); ++i) Flatten(seq.getComponent(i), depth + 1, out);
+    return;
+  }
+  ASN1Object o;
+  EXPECT_EQ(0, o.fromASN1Object(encoding)) << Str(o.getErrorMessage());
+  *out += "=" + ToHex(o.getValue()) + " ";
+}
+
 }  // namespace
+
+TEST(ASN1RoundTrip, IndefiniteLengthFormsReadAsTheirDefiniteForms) {
+  for (unsigned seed = 1000; seed < 1200; ++seed) {
+    SCOPED_TRACE(seed);
+    Generator gen(seed);
+    // A constructed root, so the outer length is indefinite too; some under an explicit tag.
+    Node root;
+    root.kind = seed % 2 ? kSequence : kSet;
+    root.tagging = seed % 3 == 0 ? 2 : 0;
+    root.tagNo = static_cast<int>(seed % 40);
+    root.children.push_back(gen.tree(4));
+    root.children.push_back(gen.tree(3));
+    const ByteString der = Encode(root);
+    const ByteString ber = ToIndefinite(der);
+    ASSERT_NE(der, ber);
+    std::string fromDer, fromBer;
+    Flatten(der, 0, &fromDer);
+    Flatten(ber, 0, &fromBer);
+    EXPECT_EQ(fromDer, fromBer);
+    // The typed decoder finds the same components in both forms.
+    ASN1Sequence a, b;
+    if (root.tagging == 0 && root.kind == kSequence) {
+      ASSERT_EQ(0, a.fromASN1Object(der));
+      ASSERT_EQ(0, b.fromASN1Object(ber)) << Str(b.getErrorMessage());
+      EXPECT_EQ(a.getComponentCount(), b.getComponentCount());
+    }
+    if (HasFailure()) return;
+  }
+}
 
 TEST(ASN1RoundTrip, RandomTreesEncodeDecodeAndEncodeAgain) {
   int nodes = 0;
