@@ -11,12 +11,6 @@ const RSchema RCertificate::kSchema =
 int RCertificate::fromASN1Object(const ByteString& bsData) {
   m_bsRawTBSCertificate.clear();
   const int rc = RStructure::fromASN1Object(bsData);
-  if (rc != 0) return rc;
-  // The first component of the outer element, as it stands in the input.
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
-  RElementHeader outer{}, tbs{};
-  if (RReadHeader(p, n, &outer) == 0 && RReadHeader(p + outer.headerLength, n - outer.headerLength, &tbs) == 0)
-    m_bsRawTBSCertificate.setData(p + outer.headerLength, tbs.totalLength);
-  return 0;
+  if (rc == 0) RFirstComponentBytes(bsData, &m_bsRawTBSCertificate);
+  return rc;
 }

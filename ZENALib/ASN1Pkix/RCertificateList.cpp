@@ -11,13 +11,6 @@ const RSchema RCertificateList::kSchema =
 int RCertificateList::fromASN1Object(const ByteString& bsData) {
   m_bsRawTBSCertList.clear();
   const int rc = RStructure::fromASN1Object(bsData);
-  if (rc != 0) return rc;
-  // The first component of the outer element, borrowed in place (the base
-  // has already checked both headers).
-  RElementHeader outer{}, tbs{};
-  const unsigned char* p = bsData.data();
-  if (RReadHeader(p, bsData.length(), &outer) == 0 &&
-      RReadHeader(p + outer.headerLength, bsData.length() - outer.headerLength, &tbs) == 0)
-    m_bsRawTBSCertList.setData(p + outer.headerLength, tbs.totalLength);
-  return 0;
+  if (rc == 0) RFirstComponentBytes(bsData, &m_bsRawTBSCertList);
+  return rc;
 }

@@ -90,6 +90,15 @@ int RReadHeader(const unsigned char* p, int n, RElementHeader* h) {
   return 0;
 }
 
+void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
+  out->clear();
+  RElementHeader h{}, first{};
+  const unsigned char* p = outer.data();
+  const int n = outer.length();
+  if (RReadHeader(p, n, &h) == 0 && RReadHeader(p + h.headerLength, n - h.headerLength, &first) == 0)
+    out->setData(p + h.headerLength, first.totalLength);
+}
+
 RObject::RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
 
 int RObject::failAt(const RSchema* schema, const char* method, const char* field, int code, const char* message) {

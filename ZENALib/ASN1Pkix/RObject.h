@@ -34,6 +34,12 @@ struct RElementHeader {
 // R_ERR_FORMAT when it is malformed or runs past n.
 int RReadHeader(const unsigned char* p, int n, RElementHeader* h);
 
+// Copies the first component of the constructed element `outer` as it stands
+// in the input (the signed part of a certificate or CRL: a signature is
+// checked over these bytes, never over a re-encoding). Empty when it cannot
+// be read.
+void RFirstComponentBytes(const ByteString& outer, ByteString* out);
+
 class RObject : public ASN1Object {
  public:
   // Class name used in traces.
