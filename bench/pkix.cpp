@@ -14,8 +14,7 @@ namespace {
 // A real Korean PKI user certificate (RSA-2048, policies with BMPString notices).
 const ByteString& Certificate() {
   static const ByteString der = [] {
-    for (const char* path : {"/tests/data/pkix/x509/korean/test_KTNET_signCert.der",
-                             "/../shared/vectors/korean-pki/certs/test_KTNET_signCert.der"}) {
+    for (const char* path : {"/tests/data/pkix/cms/korean/test_KTNET_signCert.der"}) {
       std::ifstream in(std::string(QVA_SOURCE_DIR) + path, std::ios::binary);
       if (!in) continue;
       std::ostringstream ss;
