@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "qva/qva.h"
+#include "tools/qva/platform/display.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ void PrintText(const char* label, int (*get)(void*, char*, int*), void* client) 
     if (buf.size() > (1u << 24)) return;
     buf.resize(buf.size() * 4);
   }
-  std::printf("%s: %.*s\n", label, len, buf.data());
+  std::printf("%s: %s\n", label, ForDisplay(buf.data(), len).c_str());
 }
 
 }  // namespace
