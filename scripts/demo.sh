@@ -17,11 +17,25 @@ openssl req -x509 -newkey rsa:2048 -nodes -keyout "$work/key.pem" -out "$work/ce
 echo "certificate: $(stat -c %s "$work/cert.der") bytes of DER"
 
 if [ -x "$bin/qva-server" ]; then
-  port=$(( 20000 + RANDOM % 20000 ))
-  "$bin/qva-server" --port "$port" --count 1 &
-  server=$!
-  sleep 0.3
+  # start_server ARGS...: runs the server on a free port and sets $port.
+  start_server() {
+    "$bin/qva-server" --port 0 --idle-timeout 10 "$@" >"$work/server.log" 2>&1 &
+    server=$!
+    for _ in $(seq 100); do
+      port=$(sed -n 's/^listening on 127.0.0.1:\([0-9]*\).*/\1/p' "$work/server.log")
+      [ -n "$port" ] && return 0
+      sleep 0.05
+    done
+    echo "the server did not start" >&2
+    return 1
+  }
+  echo "== a validation request the server accepts"
+  start_server --count 1
   "$bin/qva" verify 127.0.0.1 "$port" demo-roaming-id CERT "$work/cert.der"
+  wait "$server"
+  echo "== a registration the server refuses with its own explanation"
+  start_server --count 1 --result 17 --detail "certificate is revoked"
+  "$bin/qva" register 127.0.0.1 "$port" demo-roaming-id "$work/cert.der" || true
   wait "$server" || true
   server=
 else
