@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/CivilTime.h"
 #include "base/SecureZero.h"
 
 namespace {
@@ -328,25 +329,8 @@ int ByteString::formatV(const char* fmt, va_list args) {
 }
 
 int ByteString::format2K(std::int64_t t) {
-  // Civil date from a day count (proleptic Gregorian), without the platform's
-  // gmtime so that 32-bit time_t and thread safety do not matter.
-  std::int64_t days = t / 86400;
-  std::int64_t secs = t % 86400;
-  if (secs < 0) {
-    secs += 86400;
-    --days;
-  }
-  const std::int64_t z = days + 719468;
-  const std::int64_t era = (z >= 0 ? z : z - 146096) / 146097;
-  const std::int64_t doe = z - era * 146097;
-  const std::int64_t yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
-  const std::int64_t doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
-  const std::int64_t mp = (5 * doy + 2) / 153;
-  const std::int64_t day = doy - (153 * mp + 2) / 5 + 1;
-  const std::int64_t month = mp < 10 ? mp + 3 : mp - 9;
-  const std::int64_t year = yoe + era * 400 + (month <= 2 ? 1 : 0);
-  if (year < 0 || year > 9999) return BS_FORMAT;
-  return format("%04d/%02d/%02d %02d:%02d:%02d", static_cast<int>(year), static_cast<int>(month),
-                static_cast<int>(day), static_cast<int>(secs / 3600), static_cast<int>(secs / 60 % 60),
-                static_cast<int>(secs % 60));
+  const CivilTime c = CivilFromSeconds(t);
+  if (c.year < 0 || c.year > 9999) return BS_FORMAT;
+  return format("%04d/%02d/%02d %02d:%02d:%02d", static_cast<int>(c.year), c.month, c.day, c.hour, c.minute,
+                c.second);
 }
