@@ -3,7 +3,18 @@
 // newest trace frame is the class's own ("[file:line]..."), and the trace
 // names the class, the field and the message (and, where a record says
 // Then, a deeper frame after it).
+#include <set>
+
+#include "ZENALib/ASN1Pkix/RStructure.h"
 #include "tests/ZENALib/ASN1Pkix/Pkix.h"
+
+namespace {
+const char* const kFamilies[] = {"x509", "cms", "keys", "engine"};
+// The schema of a structure class (the accessor is protected).
+struct SchemaOf : RStructure {
+  static const RSchema& Get(const RStructure& s) { return (s.*(&SchemaOf::schema))(); }
+};
+}  // namespace
 
 class PkixFailures : public ::testing::TestWithParam<const char*> {};
 
@@ -11,7 +22,7 @@ TEST_P(PkixFailures, CodeAndTraceText) {
   const auto records = pkixtest::Vectors(std::string(GetParam()) + "/failures.txt");
   ASSERT_FALSE(records.empty());
   for (auto r : records) {
-    SCOPED_TRACE(r["Class"] + " " + r["Input"]);
+    SCOPED_TRACE(r["Class"] + " " + r["Input"] + " expecting: " + r["Trace"]);
     auto obj = pkixtest::Make(r["Class"]);
     ASSERT_TRUE(obj) << "no such class";
     const int rc = obj->fromASN1Object(qvatest::Hex(r["Input"]));
@@ -27,4 +38,22 @@ TEST_P(PkixFailures, CodeAndTraceText) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, PkixFailures, ::testing::Values("x509", "cms", "keys", "engine"));
+INSTANTIATE_TEST_SUITE_P(Families, PkixFailures, ::testing::ValuesIn(kFamilies));
+
+// Every class of the registry whose schema has a count rule has a record
+// that breaks the rule, and the record expects the schema's own message.
+TEST(PkixFailureRecords, CoverEveryCountRule) {
+  std::set<std::string> traces;
+  for (const char* family : kFamilies)
+    for (auto r : pkixtest::Vectors(std::string(family) + "/failures.txt")) traces.insert(r["Trace"]);
+  int rules = 0;
+  for (const std::string& cls : pkixtest::Names()) {
+    auto obj = pkixtest::Make(cls);
+    const auto* s = dynamic_cast<const RStructure*>(obj.get());
+    if (!s || SchemaOf::Get(*s).count.kind == RCountRule::None) continue;
+    ++rules;
+    const std::string want = cls + "::fromASN1Object-nCount(21), " + SchemaOf::Get(*s).count.message;
+    EXPECT_TRUE(traces.count(want)) << "no record for the count rule of " << cls << ": " << want;
+  }
+  EXPECT_GE(rules, 60);
+}

@@ -34,6 +34,12 @@ std::unique_ptr<ASN1Object> Make(const std::string& cls) {
   return it == Registry().end() ? nullptr : it->second();
 }
 
+std::vector<std::string> Names() {
+  std::vector<std::string> out;
+  for (const auto& kv : Registry()) out.push_back(kv.first);
+  return out;
+}
+
 bool Register(const std::string& cls, Factory make) { return Registry().emplace(cls, std::move(make)).second; }
 
 ::testing::AssertionResult RoundTripsAs(const std::string& cls, const ByteString& der) {

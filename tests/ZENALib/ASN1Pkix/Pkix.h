@@ -19,6 +19,8 @@ namespace pkixtest {
 using Factory = std::function<std::unique_ptr<ASN1Object>()>;
 // A fresh object of the named class; null when no class has that name.
 std::unique_ptr<ASN1Object> Make(const std::string& cls);
+// The names the registry knows.
+std::vector<std::string> Names();
 // Adds a class made for a test (the engine's probe); returns true.
 bool Register(const std::string& cls, Factory make);
 

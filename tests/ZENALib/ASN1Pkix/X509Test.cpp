@@ -277,17 +277,11 @@ TEST(X509Korean, CertificatesAndCrlRoundTrip) {
   EXPECT_FALSE(tbs.hasRevokedCertificates());
   ASSERT_TRUE(tbs.hasCrlExtensions());
   CheckExtensions(tbs.getCrlExtensions(), &seen);
-  bool aki = false;
-  for (const RExtension& e : tbs.getCrlExtensions().items()) {
-    if (Oid(e.getExtnID()) != "2 5 29 35") continue;
-    RAuthorityKeyIdentifier id;
-    ASSERT_EQ(id.fromASN1Object(e.getExtnValue().getValue()), 0);
-    ASSERT_TRUE(id.hasAuthorityCertIssuer());
-    EXPECT_TRUE(id.getAuthorityCertIssuer().getAt(0)->isDirectoryName());
-    EXPECT_TRUE(id.hasAuthorityCertSerialNumber());
-    aki = true;
-  }
-  EXPECT_TRUE(aki);
+  RAuthorityKeyIdentifier aki;
+  ASSERT_TRUE(FindExtension(tbs.getCrlExtensions(), "2 5 29 35", &aki));
+  ASSERT_TRUE(aki.hasAuthorityCertIssuer());
+  EXPECT_TRUE(aki.getAuthorityCertIssuer().getAt(0)->isDirectoryName());
+  EXPECT_TRUE(aki.hasAuthorityCertSerialNumber());
 }
 
 // The CA bundles (SEQUENCE OF Certificate): each decodes into as many
@@ -305,8 +299,7 @@ TEST(X509Korean, CaPubsBundles) {
   for (const auto& r : rows) {
     SCOPED_TRACE(r.bundle);
     RPCaPubs bundle;
-    ASSERT_TRUE(
-        RoundTrips(bundle, pkixtest::Load(std::string("x509/korean/capubs/") + r.bundle)));
+    ASSERT_TRUE(RoundTrips(bundle, pkixtest::Load(std::string("x509/korean/capubs/") + r.bundle)));
     ASSERT_GT(bundle.getCount(), 0);
     std::map<std::string, int> seen;
     for (RCertificate& cert : const_cast<std::vector<RCertificate>&>(bundle.items())) {
@@ -465,12 +458,8 @@ TEST(X509Built, ExtensionsReadByOpenssl) {
 TEST(X509Built, OrAddressMembers) {
   RCertificate cert;
   ASSERT_EQ(cert.fromASN1Object(pkixtest::Load("x509/certs/x400_edi-ec256.der")), 0);
-  const RExtension* sanExt = nullptr;
-  for (const RExtension& e : cert.getTbsCertificate().getExtensions().items())
-    if (Oid(e.getExtnID()) == "2 5 29 17") sanExt = &e;
-  ASSERT_NE(sanExt, nullptr);
   RGeneralNames san;
-  ASSERT_EQ(san.fromASN1Object(sanExt->getExtnValue().getValue()), 0) << san.getErrorMessage().c_str();
+  ASSERT_TRUE(FindExtension(cert.getTbsCertificate().getExtensions(), "2 5 29 17", &san));
   ASSERT_EQ(san.getCount(), 4);
   ASSERT_TRUE(san.getAt(0)->isX400Address());
   const RORAddress& or_ = san.getAt(0)->getX400Address();
@@ -500,10 +489,7 @@ TEST(X509Built, OrAddressMembers) {
   RCertificate min;
   ASSERT_EQ(min.fromASN1Object(pkixtest::Load("x509/certs/x400_min-ec256.der")), 0);
   RGeneralNames minSan;
-  for (const RExtension& e : min.getTbsCertificate().getExtensions().items())
-    if (Oid(e.getExtnID()) == "2 5 29 17") {
-      ASSERT_EQ(minSan.fromASN1Object(e.getExtnValue().getValue()), 0);
-    }
+  ASSERT_TRUE(FindExtension(min.getTbsCertificate().getExtensions(), "2 5 29 17", &minSan));
   ASSERT_EQ(minSan.getCount(), 1);
   const RBuiltInStandardAttributes& m = minSan.getAt(0)->getX400Address().getBuiltInStandardAttributes();
   EXPECT_TRUE(m.hasCountryName());
