@@ -66,7 +66,8 @@ TEST(SchemaEngine, RoundTripsEveryTaggingKind) {
 
 TEST(SchemaEngine, MembersLandWhereTheSchemaSays) {
   RProbe p;
-  ASSERT_EQ(p.fromASN1Object(qvatest::Hex("302E020105" + kUtc + "A211180F32303236313132323030303030305A A3073105 0403414243")), 0);
+  const std::string kGen = "180F32303236313132323030303030305A";  // 20261122000000Z
+  ASSERT_EQ(p.fromASN1Object(qvatest::Hex("302E020105" + kUtc + "A211" + kGen + "A3073105 0403414243")), 0);
   EXPECT_FALSE(p.hasVersion());
   EXPECT_EQ(qvatest::ToHex(p.getVersion().getValue()), "00");  // absent version reads as 0
   EXPECT_TRUE(p.getWhen().isUtcTime());

@@ -48,6 +48,17 @@ bool Register(const std::string& cls, Factory make) { return Registry().emplace(
   return RoundTrips(*obj, der) << " (as " << cls << ")";
 }
 
+::testing::AssertionResult SameMembers(std::initializer_list<std::pair<ASN1Object*, ASN1Object*>> members) {
+  int i = 0;
+  for (const auto& [a, b] : members) {
+    if (a->toASN1Object() != b->toASN1Object())
+      return ::testing::AssertionFailure() << "member " << i << ":\n" << qvatest::ToHex(a->toASN1Object()) << "\nvs\n"
+                                           << qvatest::ToHex(b->toASN1Object());
+    ++i;
+  }
+  return ::testing::AssertionSuccess();
+}
+
 std::vector<std::string> Files(const std::string& dir, const std::string& prefix, const std::string& suffix) {
   std::vector<std::string> out;
   for (const auto& e : std::filesystem::directory_iterator(qvatest::DataPath("pkix/" + dir))) {

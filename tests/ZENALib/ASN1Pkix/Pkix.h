@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
@@ -37,6 +39,9 @@ template <typename T>
 }
 // The same through the registry.
 ::testing::AssertionResult RoundTripsAs(const std::string& cls, const ByteString& der);
+
+// Members whose encodings must be the same, pair by pair.
+::testing::AssertionResult SameMembers(std::initializer_list<std::pair<ASN1Object*, ASN1Object*>> members);
 
 // Arcs separated by blanks (getOID is not const).
 inline std::string Oid(const ASN1ObjectIdentifier& oid) {

@@ -125,16 +125,6 @@ bool FindExtension(const RExtensions& exts, const char* oid, T* out) {
   return false;
 }
 
-// Members whose encodings a BER and a DER decoding must share.
-::testing::AssertionResult SameMembers(std::initializer_list<std::pair<ASN1Object*, ASN1Object*>> members) {
-  int i = 0;
-  for (const auto& [a, b] : members) {
-    if (a->toASN1Object() != b->toASN1Object()) return ::testing::AssertionFailure() << "member " << i << " differs";
-    ++i;
-  }
-  return ::testing::AssertionSuccess();
-}
-
 }  // namespace
 
 // Every certificate round-trips with every extension; the signed bytes are
@@ -170,9 +160,12 @@ TEST(X509Corpus, Certificates) {
     ASSERT_NE(ber, der);
     ASSERT_EQ(b.fromASN1Object(ber), 0) << b.getErrorMessage().c_str();
     RTBSCertificate& y = b.getTbsCertificate();
-    EXPECT_TRUE(SameMembers({{&tbs.getSerialNumber(), &y.getSerialNumber()}, {&tbs.getIssuer(), &y.getIssuer()},
-                             {&tbs.getValidity(), &y.getValidity()}, {&tbs.getSubject(), &y.getSubject()},
-                             {&tbs.getExtensions(), &y.getExtensions()}, {&cert.getSignature(), &b.getSignature()}}));
+    EXPECT_TRUE(pkixtest::SameMembers({{&tbs.getSerialNumber(), &y.getSerialNumber()},
+                                       {&tbs.getIssuer(), &y.getIssuer()},
+                                       {&tbs.getValidity(), &y.getValidity()},
+                                       {&tbs.getSubject(), &y.getSubject()},
+                                       {&tbs.getExtensions(), &y.getExtensions()},
+                                       {&cert.getSignature(), &b.getSignature()}}));
     EXPECT_EQ(tbs.hasExtensions(), y.hasExtensions());
     EXPECT_EQ(ToHex(b.getRawTBSCertificate()), ToHex(pkixtest::FirstComponent(ber, b.getRawTBSCertificate().length())));
     ++n;
@@ -232,10 +225,10 @@ TEST(X509Corpus, Crls) {
     ASSERT_NE(ber, der);
     ASSERT_EQ(b.fromASN1Object(ber), 0) << b.getErrorMessage().c_str();
     RTBSCertList& y = b.getTbsCertList();
-    EXPECT_TRUE(SameMembers({{&tbs.getIssuer(), &y.getIssuer()},
-                             {&tbs.getRevokedCertificates(), &y.getRevokedCertificates()},
-                             {&tbs.getCrlExtensions(), &y.getCrlExtensions()},
-                             {&crl.getSignature(), &b.getSignature()}}));
+    EXPECT_TRUE(pkixtest::SameMembers({{&tbs.getIssuer(), &y.getIssuer()},
+                                       {&tbs.getRevokedCertificates(), &y.getRevokedCertificates()},
+                                       {&tbs.getCrlExtensions(), &y.getCrlExtensions()},
+                                       {&crl.getSignature(), &b.getSignature()}}));
     EXPECT_EQ(tbs.hasRevokedCertificates(), y.hasRevokedCertificates());
     EXPECT_EQ(tbs.hasCrlExtensions(), y.hasCrlExtensions());
     ++n;
@@ -548,8 +541,8 @@ TEST(X509GeneralName, EveryAlternative) {
 // Cut-off input fails in the sequence split ("asnSeq") at every length, and
 // never reads past the end (the sanitizer build checks that part).
 TEST(X509Malformed, TruncatedCrlFailsAtEveryLength) {
-  const ByteString der = Hex(
-      "3036302C300306012A3000170D3236313132323030303030305A30143012020101170D3236313132323030303030305A300306012A030100");
+  const ByteString der = Hex("3036302C300306012A3000170D3236313132323030303030305A30143012020101"
+                             "170D3236313132323030303030305A300306012A030100");
   RCertificateList whole;
   ASSERT_EQ(whole.fromASN1Object(der), 0) << whole.getErrorMessage().c_str();
   for (int n = 0; n < der.length(); ++n) {
