@@ -33,6 +33,8 @@
 
 namespace asn1test {
 
+using qvatest::DataPath;
+using qvatest::ReadVectors;
 using qvatest::Str;
 using qvatest::ToHex;
 using Record = qvatest::VectorRecord;
@@ -42,42 +44,41 @@ inline std::string TraceWithoutLines(const ByteString& trace) {
   return std::regex_replace(Str(trace), std::regex(R"(\.cpp:\d+\])"), ".cpp:#]");
 }
 
-// Seconds since 1970 of a UTC date, by the C library rather than by our calendar.
-inline std::time_t UtcSeconds(int y, int mo, int d, int h, int mi, int s) {
+// Seconds since 1970 of "YYYY-MM-DD hh:mm:ss" UTC by the C library rather than by our calendar, or plain seconds.
+inline std::time_t ParseTime(const std::string& s) {
   std::tm tm{};
-  tm.tm_year = y - 1900, tm.tm_mon = mo - 1, tm.tm_mday = d, tm.tm_hour = h, tm.tm_min = mi, tm.tm_sec = s;
+  if (std::sscanf(s.c_str(), "%d-%d-%d %d:%d:%d", &tm.tm_year, &tm.tm_mon, &tm.tm_mday, &tm.tm_hour, &tm.tm_min,
+                  &tm.tm_sec) != 6) {
+    return static_cast<std::time_t>(std::stoll(s));
+  }
+  tm.tm_year -= 1900, tm.tm_mon -= 1;
   return timegm(&tm);
 }
-// "YYYY-MM-DD hh:mm:ss", or plain seconds.
-inline std::time_t ParseTime(const std::string& s) {
-  int y, mo, d, h, mi, sec;
-  if (std::sscanf(s.c_str(), "%d-%d-%d %d:%d:%d", &y, &mo, &d, &h, &mi, &sec) == 6) return UtcSeconds(y, mo, d, h, mi, sec);
-  return static_cast<std::time_t>(std::stoll(s));
-}
 inline std::string TimeText(std::time_t t) {
-  std::tm tm{};
   char out[32];
-  gmtime_r(&t, &tm);
-  std::strftime(out, sizeof out, "%Y-%m-%d %H:%M:%S", &tm);
-  return out;
+  std::tm tm{};
+  return std::string(out, std::strftime(out, sizeof out, "%Y-%m-%d %H:%M:%S", gmtime_r(&t, &tm)));
 }
 
 // A record field ("" when absent); surrounding double quotes keep blanks.
 inline std::string Field(const Record& r, const char* key) {
-  const auto it = r.find(key);
-  if (it == r.end()) return "";
-  const std::string& v = it->second;
+  const std::string v = r.count(key) ? r.at(key) : "";
   return v.size() >= 2 && v.front() == '"' && v.back() == '"' ? v.substr(1, v.size() - 2) : v;
+}
+// Blank-separated tokens with "X*N" standing for N copies of X, joined by sep.
+inline std::string Expand(const std::string& text, const std::string& sep) {
+  std::istringstream in(text);
+  std::string out;
+  for (std::string token; in >> token;) {
+    const auto star = token.find('*');
+    for (int i = star == std::string::npos ? 1 : std::stoi(token.substr(star + 1)); i > 0; --i)
+      out += (out.empty() ? "" : sep) + token.substr(0, star);
+  }
+  return out;
 }
 // Hex with blanks; "XY*N" repeats the octets XY N times.
 inline ByteString Bytes(const std::string& text) {
-  std::istringstream in(text);
-  std::string hex, token;
-  while (in >> token) {
-    const auto star = token.find('*');
-    if (star == std::string::npos) hex += token;
-    for (int i = star == std::string::npos ? 0 : std::stoi(token.substr(star + 1)); i > 0; --i) hex += token.substr(0, star);
-  }
+  const std::string hex = Expand(text, "");
   return hex.empty() ? ByteString() : qvatest::Hex(hex);
 }
 
@@ -87,6 +88,18 @@ inline void ExpectField(const Record& r, const char* key, const std::string& act
 }
 inline void ExpectHex(const Record& r, const char* key, const ByteString& actual) {
   if (r.count(key)) { EXPECT_EQ(ToHex(Bytes(Field(r, key))), ToHex(actual)) << key; }
+}
+
+// The characters of hex ranges "20 27-29 ...".
+inline std::string Accepted(const std::string& ranges) {
+  std::istringstream in(ranges);
+  std::string out;
+  for (std::string range; in >> range;) {
+    const auto dash = range.find('-');
+    const int lo = std::stoi(range.substr(0, dash), nullptr, 16);
+    for (int ch = lo; ch <= (dash == std::string::npos ? lo : std::stoi(range.substr(dash + 1), nullptr, 16)); ++ch) out += static_cast<char>(ch);
+  }
+  return out;
 }
 
 // The universal classes, in tag order, by name.
@@ -120,7 +133,6 @@ inline void ApplyTag(ASN1Object& o, const std::string& tag) {
   if (!(in >> how >> no >> cls)) return;
   const unsigned char c = cls == "application" ? 0x40 : cls == "private" ? 0xC0 : 0x80;
   if (how == "implicit") o.setImplicitTag(no, c);
-  else if (no < 0) o.setExplicitTag(no, c);
   else EXPECT_EQ(no, o.setExplicitTag(no, c));
 }
 
@@ -168,10 +180,11 @@ inline std::string Native(ASN1Object& o, const std::string& cls) {
   return s;
 }
 
-// The components of any constructed element, read through a SEQUENCE identifier.
-inline ASN1Sequence Split(const ByteString& der, int* idLen) {
+// The components of any constructed element, read through a SEQUENCE identifier; the
+// identifier's length, and a high tag's number.
+inline ASN1Sequence Split(const ByteString& der, int* idLen, int* highTagNo = nullptr) {
   ASN1Object probe;
-  *idLen = (der.data()[0] & 0x1F) != 0x1F ? 1 : probe.GetHighTag(der.data(), der.length(), nullptr, true);
+  *idLen = (der.data()[0] & 0x1F) != 0x1F ? 1 : probe.GetHighTag(der.data(), der.length(), highTagNo, true);
   ByteString asSequence("\x30", 1);
   asSequence.append(der.data() + *idLen, der.length() - *idLen);
   ASN1Sequence seq;
