@@ -144,6 +144,7 @@ TEST(ASN1Codec, SequenceTableGrowsAndCopies) {
   ASN1Sequence copy(walked);
   walked.removeAllComponents();
   EXPECT_EQ(0, walked.getComponentCount());
+  EXPECT_EQ(45, copy.getComponentCount());
   EXPECT_EQ(der, copy.toASN1Object());
   ASN1Sequence moved(std::move(copy));
   EXPECT_EQ(45, moved.getComponentCount());

@@ -23,8 +23,7 @@ struct Node {
 
 struct Generator {
   explicit Generator(unsigned seed) : m_rng(seed) {
-    for (const Record& r : ReadVectors(DataPath("asn1/strings.txt")))
-      m_alphabets[r.at("Class")] = Accepted(r.at("Accept"));
+    for (const Record& r : ReadVectors(DataPath("asn1/strings.txt"))) m_chars[r.at("Class")] = Accepted(r.at("Accept"));
   }
 
   Node tree(int depth, const std::string& cls = "") {
@@ -57,23 +56,23 @@ struct Generator {
     n->rec["Tag"] = (n->tagging == 1 ? "implicit " : "explicit ") + std::to_string(n->tagNo) +
                     (c == 0 ? " application" : c == 1 ? " context" : " private");
   }
-  std::string bytes(int maxLen, const std::string& alphabet = "") {
+  std::string bytes(int maxLen, const std::string& a = "") {  // any octets, or those of a
     // Lengths around the one- and two-octet length forms turn up often.
     static const int kLengths[] = {0, 1, 2, 127, 128, 255, 256, 300};
     const int len = pick(3) == 0 ? kLengths[pick(8)] % (maxLen + 1) : pick(maxLen + 1);
     std::string s;
-    for (int i = 0; i < len; ++i) s += alphabet.empty() ? static_cast<char>(pick(256)) : alphabet[pick(static_cast<int>(alphabet.size()))];
+    for (int i = 0; i < len; ++i) s += a.empty() ? static_cast<char>(pick(256)) : a[pick(static_cast<int>(a.size()))];
     return ToHex(ByteString(s.data(), static_cast<int>(s.size())));
   }
   void value(Node* n) {
     const std::string cls = n->rec["Class"];
     Record& r = n->rec;
-    std::uint32_t v = static_cast<std::uint32_t>(m_rng()) >> pick(32);  // magnitudes of every width, either sign
+    const std::uint32_t v = (pick(2) ? ~0u : 0u) ^ (static_cast<std::uint32_t>(m_rng()) >> pick(32));  // any width
     if (cls == "ASN1Boolean") r["Bool"] = r["Native"] = pick(2) ? "true" : "false";
-    else if (cls == "ASN1Integer" || cls == "ASN1Enumerated") r["Int"] = r["Native"] = std::to_string(std::int32_t(pick(2) ? ~v : v));
+    else if (cls == "ASN1Integer" || cls == "ASN1Enumerated") r["Int"] = r["Native"] = std::to_string(std::int32_t(v));
     else if (cls == "ASN1BitString") {
-      r["Bits"] = bytes(40);
-      r["Named"] = pick(2) && r["Bits"].find_first_not_of('0') != std::string::npos ? "1" : "0";  // all-zero named lists are refused
+      r["Bits"] = bytes(40);  // as a named list unless all bits are zero, which is refused
+      r["Named"] = pick(2) && r["Bits"].find_first_not_of('0') != std::string::npos ? "1" : "0";
     } else if (cls == "ASN1ObjectIdentifier") {
       std::string text = std::to_string(pick(3)) + "." + std::to_string(pick(40));
       for (int i = pick(18); i > 0; --i) text += "." + std::to_string(m_rng() % (pick(2) ? 200u : 0x10000000u));
@@ -84,13 +83,13 @@ struct Generator {
       r["Native"] = TimeText(static_cast<std::time_t>(t));
     } else if (cls != "ASN1Null") {
       // Restricted strings from their accepted characters (strings.txt), others any octets.
-      const bool restricted = m_alphabets.count(cls) != 0;
-      r["Hex"] = bytes(cls == "ASN1BMPString" ? 20 : restricted && cls != "ASN1IA5String" ? 30 : 300, restricted ? m_alphabets[cls] : "");
+      const std::string chars = m_chars.count(cls) ? m_chars[cls] : "";
+      r["Hex"] = bytes(cls == "ASN1BMPString" ? 20 : !chars.empty() && cls != "ASN1IA5String" ? 30 : 300, chars);
       if (cls == "ASN1BMPString" && r["Hex"].size() % 4) r["Hex"] += "78";  // whole UCS-2 characters
     }
   }
   std::mt19937 m_rng;
-  std::map<std::string, std::string> m_alphabets;
+  std::map<std::string, std::string> m_chars;  // restricted strings' characters
 };
 
 // Encodes a node with its class; records the contents decoders must find.

@@ -46,13 +46,11 @@ inline std::string TraceWithoutLines(const ByteString& trace) {
 
 // Seconds since 1970 of "YYYY-MM-DD hh:mm:ss" UTC by the C library rather than by our calendar, or plain seconds.
 inline std::time_t ParseTime(const std::string& s) {
-  std::tm tm{};
-  if (std::sscanf(s.c_str(), "%d-%d-%d %d:%d:%d", &tm.tm_year, &tm.tm_mon, &tm.tm_mday, &tm.tm_hour, &tm.tm_min,
-                  &tm.tm_sec) != 6) {
-    return static_cast<std::time_t>(std::stoll(s));
-  }
-  tm.tm_year -= 1900, tm.tm_mon -= 1;
-  return timegm(&tm);
+  std::tm t{};
+  if (std::sscanf(s.c_str(), "%d-%d-%d %d:%d:%d", &t.tm_year, &t.tm_mon, &t.tm_mday, &t.tm_hour, &t.tm_min,
+                  &t.tm_sec) != 6) return static_cast<std::time_t>(std::stoll(s));
+  t.tm_year -= 1900, t.tm_mon -= 1;
+  return timegm(&t);
 }
 inline std::string TimeText(std::time_t t) {
   char out[32];
@@ -95,9 +93,9 @@ inline std::string Accepted(const std::string& ranges) {
   std::istringstream in(ranges);
   std::string out;
   for (std::string range; in >> range;) {
-    const auto dash = range.find('-');
-    const int lo = std::stoi(range.substr(0, dash), nullptr, 16);
-    for (int ch = lo; ch <= (dash == std::string::npos ? lo : std::stoi(range.substr(dash + 1), nullptr, 16)); ++ch) out += static_cast<char>(ch);
+    // "27-29", or "3d" alone (find gives npos, and npos + 1 is 0).
+    const int lo = std::stoi(range, nullptr, 16), hi = std::stoi(range.substr(range.find('-') + 1), nullptr, 16);
+    for (int ch = lo; ch <= hi; ++ch) out += static_cast<char>(ch);
   }
   return out;
 }
@@ -141,18 +139,20 @@ inline void ApplyTag(ASN1Object& o, const std::string& tag) {
 inline int Build(ASN1Object& o, const Record& r) {
   const std::string cls = Field(r, "Class");
   auto num = [&](const char* key) { return std::stoi(Field(r, key)); };
+  auto hex = [&](const char* key) { return Bytes(Field(r, key)); };
+  auto time = [&] { return ParseTime(Field(r, "Time")); };
   auto integer = [&]() -> ASN1Integer& { return static_cast<ASN1Integer&>(o); };
   int rc = 0;
   if (r.count("Int") && cls == "ASN1Enumerated") static_cast<ASN1Enumerated&>(o).setEnumerated(num("Int"));
   else if (r.count("Int")) integer().setInteger(num("Int"));
-  else if (r.count("Octets")) rc = (integer().setInteger(77), integer().setInteger(Bytes(Field(r, "Octets")), num("Sign")));
+  else if (r.count("Octets")) rc = (integer().setInteger(77), integer().setInteger(hex("Octets"), num("Sign")));
   else if (r.count("Bool")) static_cast<ASN1Boolean&>(o).setBoolean(Field(r, "Bool") == "true");
-  else if (r.count("Bits")) rc = static_cast<ASN1BitString&>(o).setBitString(Bytes(Field(r, "Bits")), num("Named"));
+  else if (r.count("Bits")) rc = static_cast<ASN1BitString&>(o).setBitString(hex("Bits"), num("Named"));
   else if (r.count("Oid")) rc = static_cast<ASN1ObjectIdentifier&>(o).setOID(Field(r, "Oid").c_str());
-  else if (r.count("Time") && cls == "ASN1UTCTime") rc = static_cast<ASN1UTCTime&>(o).setGMTTime(ParseTime(Field(r, "Time")));
-  else if (r.count("Time")) rc = static_cast<ASN1GeneralizedTime&>(o).setGMTTime(ParseTime(Field(r, "Time")));
+  else if (r.count("Time") && cls == "ASN1UTCTime") rc = static_cast<ASN1UTCTime&>(o).setGMTTime(time());
+  else if (r.count("Time")) rc = static_cast<ASN1GeneralizedTime&>(o).setGMTTime(time());
   else if (r.count("Text")) rc = o.setValue(Field(r, "Text").c_str());
-  else if (r.count("Hex")) rc = o.setValue(Bytes(Field(r, "Hex")));
+  else if (r.count("Hex")) rc = o.setValue(hex("Hex"));
   std::istringstream items(Field(r, "Items"));
   for (std::string item; items >> item && !rc;) rc = static_cast<ASN1Sequence&>(o).addComponent(Bytes(item));
   ApplyTag(o, Field(r, "Tag"));
@@ -176,8 +176,8 @@ inline std::string Native(ASN1Object& o, const std::string& cls) {
     const std::string spaced = std::regex_replace(s, std::regex("\\."), " ");
     if (!o.getErrorCode()) { EXPECT_EQ(spaced, Str(static_cast<ASN1ObjectIdentifier&>(o).getOID(' '))); }
   }
-  if (o.getErrorCode()) return "code " + std::to_string(o.getErrorCode()) + ": " + TraceWithoutLines(o.getErrorMessage());
-  return s;
+  const int code = o.getErrorCode();
+  return code ? "code " + std::to_string(code) + ": " + TraceWithoutLines(o.getErrorMessage()) : s;
 }
 
 // The components of any constructed element, read through a SEQUENCE identifier; the
