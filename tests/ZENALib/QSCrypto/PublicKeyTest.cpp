@@ -1,222 +1,148 @@
 // RSA, ECDSA, DSA, DH and ECDH through QSSign, QSEncrypt, QSKey and the
-// core, each checked against the openssl CLI in both directions.
+// core, each checked against the openssl CLI in both directions; the
+// refusals of every service class.
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
 #include <memory>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "ZENALib/QSCrypto/ECSP.h"
-#include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSCrypto/QSEncrypt.h"
+#include "ZENALib/QSCrypto/QSHash.h"
 #include "ZENALib/QSCrypto/QSKey.h"
+#include "ZENALib/QSCrypto/QSMac.h"
+#include "ZENALib/QSCrypto/QSRandom.h"
 #include "ZENALib/QSCrypto/QSSign.h"
 #include "tests/ZENALib/QSCrypto/CryptoTestUtil.h"
-#include "tests/support/TestUtil.h"
 
 using cryptotest::MustRun;
+using cryptotest::Vectors;
+using qvatest::Hex;
 using qvatest::ReadFileBs;
 
 namespace {
 
-// Keys made once per run by the openssl CLI: <name>.der (PKCS#8 private)
-// and <name>.pub (SubjectPublicKeyInfo), both DER.
-class PublicKeyTest : public ::testing::Test {
+// Keys made once per run by the openssl CLI (pk_keys.txt).
+class WithKeys : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    s_dir = new qvatest::TempDir;
-    const std::map<std::string, std::string> genArgs = {
-        {"rsa512", "-algorithm RSA -pkeyopt rsa_keygen_bits:512"},
-        {"rsa1024", "-algorithm RSA -pkeyopt rsa_keygen_bits:1024"},
-        {"rsa1024b", "-algorithm RSA -pkeyopt rsa_keygen_bits:1024"},
-        {"rsa2048", "-algorithm RSA -pkeyopt rsa_keygen_bits:2048"},
-        {"k163", "-algorithm EC -pkeyopt ec_paramgen_curve:sect163k1"},
-        {"k163b", "-algorithm EC -pkeyopt ec_paramgen_curve:sect163k1"},
-        {"c2pnb", "-algorithm EC -pkeyopt ec_paramgen_curve:c2pnb163v1"},
-        {"c2pnbb", "-algorithm EC -pkeyopt ec_paramgen_curve:c2pnb163v1"},
-        {"p160", "-algorithm EC -pkeyopt ec_paramgen_curve:secp160r1"},
-        {"p160b", "-algorithm EC -pkeyopt ec_paramgen_curve:secp160r1"},
-        {"dh", "-algorithm DH -pkeyopt group:ffdhe2048"},
-        {"dhb", "-algorithm DH -pkeyopt group:ffdhe2048"},
-        {"dsa", "-paramfile " + Path("dsa.param")},
-    };
+    s_dir = std::make_unique<qvatest::TempDir>();
     MustRun("openssl genpkey -genparam -algorithm DSA -pkeyopt dsa_paramgen_bits:1024 "
             "-pkeyopt dsa_paramgen_q_bits:160 -out " + Path("dsa.param") + " 2>/dev/null");
-    for (const auto& [name, args] : genArgs) {
-      MustRun("openssl genpkey " + args + " -outform DER -out " + Path(name + ".der") + " 2>/dev/null");
-      MustRun("openssl pkey -inform DER -in " + Path(name + ".der") + " -pubout -outform DER -out " +
-              Path(name + ".pub"));
+    for (auto k : Vectors("pk_keys.txt")) {
+      std::string gen = k["Gen"];
+      if (gen.find("$DSAPARAM") != std::string::npos) gen.replace(gen.find("$DSAPARAM"), 9, Path("dsa.param"));
+      MustRun("openssl genpkey " + gen + " -outform DER -out " + Path(k["Name"] + ".der") + " 2>/dev/null");
+      MustRun("openssl pkey -inform DER -in " + Path(k["Name"] + ".der") + " -pubout -outform DER -out " +
+              Path(k["Name"] + ".pub"));
     }
-  }
-  static void TearDownTestSuite() {
-    delete s_dir;
-    s_dir = nullptr;
   }
   static std::string Path(const std::string& name) { return s_dir->file(name); }
   static ByteString Priv(const std::string& name) { return ReadFileBs(Path(name + ".der")); }
   static ByteString Pub(const std::string& name) { return ReadFileBs(Path(name + ".pub")); }
 
-  static qvatest::TempDir* s_dir;
+  static inline std::unique_ptr<qvatest::TempDir> s_dir;  // removed at exit
 };
-
-qvatest::TempDir* PublicKeyTest::s_dir = nullptr;
-
-struct SignCase {
-  const char* what;
-  int alg;        // library number, or the core number when core is set
-  bool core;      // numbers the service classes refuse (PSS, secp160r1, DSA)
-  const char* key;
-  const char* dgst;  // openssl dgst digest and options
-};
-
-const SignCase kSignCases[] = {
-    {"MD5 RSA-512", 7000, false, "rsa512", "-md5"},
-    {"MD5 RSA-1024", 7001, false, "rsa1024", "-md5"},
-    {"MD5 RSA-2048", 7002, false, "rsa2048", "-md5"},
-    {"SHA-1 RSA-512", 7010, false, "rsa512", "-sha1"},
-    {"SHA-1 RSA-1024", 7011, false, "rsa1024", "-sha1"},
-    {"SHA-1 RSA-2048", 7012, false, "rsa2048", "-sha1"},
-    {"SHA-256 RSA-1024", 7070, false, "rsa1024", "-sha256"},
-    {"SHA-256 RSA-2048", 7071, false, "rsa2048", "-sha256"},
-    {"ECDSA sect163k1", 7050, false, "k163", "-sha1"},
-    {"ECDSA c2pnb163v1", 7051, false, "c2pnb", "-sha1"},
-    {"ECDSA secp160r1", ecsp::kECDSA_SHA1_P160, true, "p160", "-sha1"},
-    {"DSA", ecsp::kDSA_SHA1, true, "dsa", "-sha1"},
-    {"RSA-PSS SHA-1 1024", ecsp::kPSSSHA1RSA1024, true, "rsa1024",
-     "-sha1 -sigopt rsa_padding_mode:pss -sigopt rsa_pss_saltlen:20"},
-    {"RSA-PSS SHA-1 2048", ecsp::kPSSSHA1RSA2048, true, "rsa2048",
-     "-sha1 -sigopt rsa_padding_mode:pss -sigopt rsa_pss_saltlen:20"},
-};
-
-int Sign(const SignCase& c, const ByteString& key, const ByteString& msg, ByteString* sig) {
-  if (c.core) return ECSP_SignData(c.alg, key.data(), key.length(), msg.data(), msg.length(), sig);
-  QSSign s;
-  return s.SignData(c.alg, key, msg, *sig);
-}
-
-int Verify(const SignCase& c, const ByteString& key, const ByteString& msg, const ByteString& sig) {
-  if (c.core) return ECSP_VerifyData(c.alg, key.data(), key.length(), msg.data(), msg.length(), sig.data(), sig.length());
-  QSSign s;
-  return s.VerifyData(c.alg, key, msg, sig);
-}
 
 }  // namespace
 
 // Our signatures verify with `openssl dgst -verify`, openssl's verify here,
-// and a changed message or signature is refused with 116.
-TEST_F(PublicKeyTest, SignaturesAgreeWithOpensslBothWays) {
+// and a changed message is refused with 116 (pk_sign.txt).
+TEST_F(WithKeys, SignaturesAgreeWithOpensslBothWays) {
   const ByteString msg = qvatest::RandomBytes(1000, 5u);
   qvatest::WriteFile(Path("msg"), msg);
   ByteString tampered = msg;
   tampered.setAt(500, static_cast<char>(msg.data()[500] ^ 1));
-  for (const SignCase& c : kSignCases) {
-    SCOPED_TRACE(c.what);
+  for (auto c : Vectors("pk_sign.txt")) {
+    SCOPED_TRACE(c["Alg"] + " " + c["Key"]);
+    const int alg = std::stoi(c["Alg"]);
+    const bool core = c["Door"] == "core";
+    QSSign s;
+    auto verify = [&](const ByteString& m, const ByteString& sig) {
+      const ByteString pub = Pub(c["Key"]);
+      return core ? ECSP_VerifyData(alg, pub.data(), pub.length(), m.data(), m.length(), sig.data(), sig.length())
+                  : s.VerifyData(alg, pub, m, sig);
+    };
     ByteString sig;
-    ASSERT_EQ(Sign(c, Priv(c.key), msg, &sig), 0);
+    const ByteString key = Priv(c["Key"]);
+    ASSERT_EQ(core ? ECSP_SignData(alg, key.data(), key.length(), msg.data(), msg.length(), &sig)
+                   : s.SignData(alg, key, msg, sig),
+              0);
     qvatest::WriteFile(Path("ours.sig"), sig);
-    MustRun(std::string("openssl dgst ") + c.dgst + " -keyform DER -verify " + Path(std::string(c.key) + ".pub") +
-            " -signature " + Path("ours.sig") + " " + Path("msg"));
-    MustRun(std::string("openssl dgst ") + c.dgst + " -keyform DER -sign " + Path(std::string(c.key) + ".der") +
-            " -out " + Path("theirs.sig") + " " + Path("msg"));
+    const std::string dgst = "openssl dgst " + c["Dgst"] + " -keyform DER ";
+    MustRun(dgst + "-verify " + Path(c["Key"] + ".pub") + " -signature " + Path("ours.sig") + " " + Path("msg"));
+    MustRun(dgst + "-sign " + Path(c["Key"] + ".der") + " -out " + Path("theirs.sig") + " " + Path("msg"));
     const ByteString theirs = ReadFileBs(Path("theirs.sig"));
-    EXPECT_EQ(Verify(c, Pub(c.key), msg, theirs), 0);
-    EXPECT_EQ(Verify(c, Pub(c.key), tampered, theirs), 116);
-    EXPECT_EQ(Verify(c, Pub(c.key), tampered, sig), 116);
+    EXPECT_EQ(verify(msg, theirs), 0);
+    EXPECT_EQ(verify(tampered, theirs), 116);
+    EXPECT_EQ(verify(tampered, sig), 116);
   }
 }
 
 // PKCS#1 v1.5 and OAEP-SHA-1 encryption opened by `openssl pkeyutl` and the
-// reverse; the checked-key and raw-key paths agree.
-TEST_F(PublicKeyTest, RsaEncryptionAgreesWithOpensslBothWays) {
-  const struct {
-    int alg;
-    const char* key;
-    const char* opts;
-    int maxIn;
-  } rows[] = {
-      {4000, "rsa512", "", 64 - 11},
-      {4001, "rsa1024", "", 128 - 11},
-      {4002, "rsa2048", "", 256 - 11},
-      {4021, "rsa1024", " -pkeyopt rsa_padding_mode:oaep -pkeyopt rsa_oaep_md:sha1", 128 - 42},
-      {4022, "rsa2048", " -pkeyopt rsa_padding_mode:oaep -pkeyopt rsa_oaep_md:sha1", 256 - 42},
-  };
-  for (const auto& r : rows) {
-    for (int len : {1, r.maxIn}) {
-      SCOPED_TRACE(std::to_string(r.alg) + " len " + std::to_string(len));
-      const ByteString plain = qvatest::RandomBytes(static_cast<std::size_t>(len), static_cast<unsigned>(r.alg + len));
+// reverse; the checked-key and raw-key paths agree (pk_rsa_encryption.txt).
+TEST_F(WithKeys, RsaEncryptionAgreesWithOpensslBothWays) {
+  for (auto r : Vectors("pk_rsa_encryption.txt")) {
+    for (int len : {1, std::stoi(r["MaxIn"])}) {
+      SCOPED_TRACE(r["Alg"] + " len " + std::to_string(len));
+      const int alg = std::stoi(r["Alg"]);
+      const ByteString plain = qvatest::RandomBytes(len, alg + len);
+      const std::string pkeyutl = "openssl pkeyutl -keyform DER " + r["Opts"] + " -in " + Path("in") + " -out " +
+                                  Path("out") + " -inkey " + Path(r["Key"]);
       QSEncrypt e;
-      ByteString ct;
-      ASSERT_EQ(e.EncryptData(r.alg, 4, 2, Pub(r.key), ByteString(), plain, ct), 0) << qvatest::Str(e.GetErrorMsg());
-      qvatest::WriteFile(Path("ct"), ct);
-      MustRun(std::string("openssl pkeyutl -decrypt -keyform DER -inkey ") + Path(std::string(r.key) + ".der") +
-              r.opts + " -in " + Path("ct") + " -out " + Path("pt"));
-      EXPECT_EQ(ReadFileBs(Path("pt")), plain);
-
-      qvatest::WriteFile(Path("pt2"), plain);
-      MustRun(std::string("openssl pkeyutl -encrypt -pubin -keyform DER -inkey ") +
-              Path(std::string(r.key) + ".pub") + r.opts + " -in " + Path("pt2") + " -out " + Path("ct2"));
-      ByteString back;
-      ASSERT_EQ(e.DecryptData_NoGenKey(r.alg, 4, 2, Priv(r.key), ByteString(), ReadFileBs(Path("ct2")), back), 0);
+      ByteString ct, back;
+      ASSERT_EQ(e.EncryptData(alg, 4, 2, Pub(r["Key"]), ByteString(), plain, ct), 0) << qvatest::Str(e.GetErrorMsg());
+      qvatest::WriteFile(Path("in"), ct);
+      MustRun(pkeyutl + ".der -decrypt");
+      EXPECT_EQ(ReadFileBs(Path("out")), plain);
+      qvatest::WriteFile(Path("in"), plain);
+      MustRun(pkeyutl + ".pub -pubin -encrypt");
+      ASSERT_EQ(e.DecryptData_NoGenKey(alg, 4, 2, Priv(r["Key"]), ByteString(), ReadFileBs(Path("out")), back), 0);
       EXPECT_EQ(back, plain);
     }
   }
 }
 
 // ECDH on the three curves and DH on ffdhe2048 give openssl's secret.
-TEST_F(PublicKeyTest, SharedKeysAgreeWithOpensslDerive) {
-  const struct {
-    int alg;
-    bool core;  // secp160r1 has a core number only
-    const char* mine;
-    const char* peer;
-  } rows[] = {{6010, false, "k163", "k163b"},
-              {6011, false, "c2pnb", "c2pnbb"},
-              {6012, false, "dh", "dhb"},
-              {ecsp::kECDH_P160, true, "p160", "p160b"}};
-  for (const auto& r : rows) {
-    SCOPED_TRACE(r.alg);
-    auto derive = [&r](const ByteString& priv, const ByteString& pub, ByteString* out) {
-      if (r.core) return ECSP_GenerateSharedKey(r.alg, priv.data(), priv.length(), pub.data(), pub.length(), out);
+TEST_F(WithKeys, SharedKeysAgreeWithOpensslDerive) {
+  for (auto r : Vectors("pk_shared.txt")) {
+    SCOPED_TRACE(r["Alg"]);
+    const int alg = std::stoi(r["Alg"]);
+    auto derive = [&](const ByteString& priv, const ByteString& pub, ByteString* out) {
       QSKey k;
-      return k.GenerateSharedKey(r.alg, priv, pub, *out);
+      return r["Door"] == "core" ? ECSP_GenerateSharedKey(alg, priv.data(), priv.length(), pub.data(), pub.length(), out)
+                                 : k.GenerateSharedKey(alg, priv, pub, *out);
     };
     ByteString ours, theirs;
-    ASSERT_EQ(derive(Priv(r.mine), Pub(r.peer), &ours), 0);
-    ASSERT_EQ(derive(Priv(r.peer), Pub(r.mine), &theirs), 0);
+    ASSERT_EQ(derive(Priv(r["Mine"]), Pub(r["Peer"]), &ours), 0);
+    ASSERT_EQ(derive(Priv(r["Peer"]), Pub(r["Mine"]), &theirs), 0);
     EXPECT_EQ(ours, theirs);
-    MustRun(std::string("openssl pkeyutl -derive -keyform DER -inkey ") + Path(std::string(r.mine) + ".der") +
-            " -peerform DER -peerkey " + Path(std::string(r.peer) + ".pub") + " -out " + Path("secret"));
+    MustRun("openssl pkeyutl -derive -keyform DER -inkey " + Path(r["Mine"] + ".der") + " -peerform DER -peerkey " +
+            Path(r["Peer"] + ".pub") + " -out " + Path("secret"));
     EXPECT_EQ(ours, ReadFileBs(Path("secret")));
   }
 }
 
 // Key pairs made here are accepted by openssl and sign and verify here.
-TEST_F(PublicKeyTest, GeneratedKeyPairsWork) {
-  const struct {
-    int genAlg;
-    int signAlg;
-  } rows[] = {{4001, 7011}, {7050, 7050}, {7051, 7051}};
-  for (const auto& r : rows) {
-    SCOPED_TRACE(r.genAlg);
+TEST_F(WithKeys, GeneratedKeyPairsWork) {
+  for (auto [genAlg, signAlg] : {std::pair{4001, 7011}, {7050, 7050}, {7051, 7051}}) {
+    SCOPED_TRACE(genAlg);
     QSKey k;
-    ByteString priv, pub;
-    ASSERT_EQ(k.GenerateKeyPair(r.genAlg, ByteString(), priv, pub), 0) << qvatest::Str(k.GetErrorMsg());
+    QSSign s;
+    ByteString priv, pub, sig;
+    ASSERT_EQ(k.GenerateKeyPair(genAlg, ByteString(), priv, pub), 0) << qvatest::Str(k.GetErrorMsg());
     qvatest::WriteFile(Path("gen.der"), priv);
     MustRun("openssl pkey -inform DER -in " + Path("gen.der") + " -check -noout");
-    QSSign s;
-    ByteString sig;
-    ASSERT_EQ(s.SignData(r.signAlg, priv, ByteString("data"), sig), 0);
-    EXPECT_EQ(s.VerifyData(r.signAlg, pub, ByteString("data"), sig), 0);
+    ASSERT_EQ(s.SignData(signAlg, priv, ByteString("data"), sig), 0);
+    EXPECT_EQ(s.VerifyData(signAlg, pub, ByteString("data"), sig), 0);
   }
 }
 
 // Staged signing equals one-shot signing (PKCS#1 v1.5 is deterministic) and
 // staged verification accepts it; the stages are not interchangeable.
-TEST_F(PublicKeyTest, StagedSignatures) {
-  const ByteString key = Priv("rsa1024"), pub = Pub("rsa1024");
-  const ByteString msg = qvatest::RandomBytes(3000, 8u);
+TEST_F(WithKeys, StagedSignatures) {
+  const ByteString key = Priv("rsa1024"), pub = Pub("rsa1024"), msg = qvatest::RandomBytes(3000, 8u);
   ByteString oneShot, staged;
   ASSERT_EQ(ECSP_SignData(ecsp::kSHA1RSA1024, key.data(), key.length(), msg.data(), msg.length(), &oneShot), 0);
   ECSP_SIGN_CTX* ctx = nullptr;
@@ -224,100 +150,83 @@ TEST_F(PublicKeyTest, StagedSignatures) {
   for (int at = 0; at < msg.length(); at += 701) {
     ASSERT_EQ(ECSP_SignDataUpdate(ctx, msg.data() + at, std::min(701, msg.length() - at)), 0);
   }
-  // A sign context cannot take a verification step.
-  EXPECT_EQ(ECSP_VerifyDataUpdate(ctx, msg.data(), 1), 2112);
+  EXPECT_EQ(ECSP_VerifyDataUpdate(ctx, msg.data(), 1), 2112);  // a sign context takes no verification step
   ASSERT_EQ(ECSP_SignDataFinal(ctx, &staged), 0);
   EXPECT_EQ(staged, oneShot);
-
-  ASSERT_EQ(ECSP_VerifyDataInit(ecsp::kSHA1RSA1024, pub.data(), pub.length(), &ctx), 0);
-  ASSERT_EQ(ECSP_VerifyDataUpdate(ctx, msg.data(), msg.length()), 0);
-  EXPECT_EQ(ECSP_VerifyDataFinal(ctx, staged.data(), staged.length()), 0);
-  ASSERT_EQ(ECSP_VerifyDataInit(ecsp::kSHA1RSA1024, pub.data(), pub.length(), &ctx), 0);
-  ASSERT_EQ(ECSP_VerifyDataUpdate(ctx, msg.data(), msg.length() - 1), 0);
-  EXPECT_EQ(ECSP_VerifyDataFinal(ctx, staged.data(), staged.length()), 3116);
-  // Init failures carry the Init stage.
-  EXPECT_EQ(ECSP_SignDataInit(ecsp::kSHA1RSA1024, pub.data(), pub.length(), &ctx), 1107);
+  for (int cut : {0, 1}) {  // the whole message verifies, one byte less is refused at the Final stage
+    ASSERT_EQ(ECSP_VerifyDataInit(ecsp::kSHA1RSA1024, pub.data(), pub.length(), &ctx), 0);
+    ASSERT_EQ(ECSP_VerifyDataUpdate(ctx, msg.data(), msg.length() - cut), 0);
+    EXPECT_EQ(ECSP_VerifyDataFinal(ctx, staged.data(), staged.length()), cut ? 3116 : 0);
+  }
+  EXPECT_EQ(ECSP_SignDataInit(ecsp::kSHA1RSA1024, pub.data(), pub.length(), &ctx), 1107);  // Init stage
 }
 
-// Refusals of the service classes: code and trace.
-TEST_F(PublicKeyTest, RefusalsCarryCodeAndTrace) {
-  const ByteString msg("message");
-  ByteString rsaSig;
-  {
-    QSSign s;
-    ASSERT_EQ(s.SignData(7011, Priv("rsa1024"), msg, rsaSig), 0);
-  }
-  ByteString shortSig = rsaSig.mid(0, rsaSig.length() - 1);
-  struct Row {
-    const char* what;
-    int op;  // 0 sign, 1 verify, 2 shared key
-    int alg;
-    ByteString key, other;
-    int code;
-    const char* method;
-    const char* field;
-    const char* message;
-  };
-  const Row rows[] = {
-      // Numbers without a core counterpart.
-      {"RSA-PSS 1024", 0, 7060, Priv("rsa1024"), {}, 105, "QSSign::SignData", "nAlgID", "The AlgID(7060) is not supported."},
-      {"RSA-PSS 2048", 1, 7061, Pub("rsa2048"), rsaSig, 105, "QSSign::VerifyData", "nAlgID", "The AlgID(7061) is not supported."},
-      {"ECDSA secp160r1", 0, 7052, Priv("p160"), {}, 105, "QSSign::SignData", "nAlgID", "The AlgID(7052) is not supported."},
-      // The core checks the key against the number.
-      {"RSA size differs from the number", 0, 7012, Priv("rsa1024"), {}, 107, "QSSign::SignData", "ECSP_SignData",
-       " Invalid key value.(107)"},
-      {"signing with a public key", 0, 7011, Pub("rsa1024"), {}, 107, "QSSign::SignData", "ECSP_SignData",
-       " Invalid key value.(107)"},
-      {"EC key on the other curve", 0, 7050, Priv("c2pnb"), {}, 107, "QSSign::SignData", "ECSP_SignData",
-       " Invalid key value.(107)"},
-      {"garbage key", 1, 7011, ByteString("not a key"), rsaSig, 107, "QSSign::VerifyData", "ECSP_VerifyData",
-       " Invalid key value.(107)"},
-      {"RSA signature one byte short", 1, 7011, Pub("rsa1024"), shortSig, 115, "QSSign::VerifyData", "ECSP_VerifyData",
-       " Invalid signature format.(115)"},
-      {"signature of another message", 1, 7011, Pub("rsa1024"), rsaSig, 116, "QSSign::VerifyData", "ECSP_VerifyData",
-       " Verification of signature or MAC failed.(116)"},
-      {"a signature number for agreement", 2, 7050, Priv("k163"), Pub("k163b"), 105, "QSKey::GenerateSharedKey",
-       "ECSP_GenerateSharedKey", " Invalid algorithm identifier.(105)"},
-      {"peer on another curve", 2, 6010, Priv("k163"), Pub("c2pnb"), 107, "QSKey::GenerateSharedKey",
-       "ECSP_GenerateSharedKey", " Invalid key value.(107)"},
-  };
-  for (const Row& r : rows) {
-    SCOPED_TRACE(r.what);
-    ByteString out;
-    QSSign s;
-    QSKey k;
-    int rc;
-    const ByteString verifyMsg = std::string(r.what) == "signature of another message" ? ByteString("other") : msg;
-    if (r.op == 0) rc = s.SignData(r.alg, r.key, msg, out);
-    else if (r.op == 1) rc = s.VerifyData(r.alg, r.key, verifyMsg, r.other);
-    else rc = k.GenerateSharedKey(r.alg, r.key, r.other, out);
-    EXPECT_EQ(rc, r.code);
-    const ByteString& trace = r.op == 2 ? k.GetErrorMsg() : s.GetErrorMsg();
-    EXPECT_TRUE(cryptotest::TraceIs(trace, r.op == 2 ? "QSKey.cpp" : "QSSign.cpp", r.method, r.field, r.code, r.message));
-  }
-}
-
-// RSA encryption refusals inside the core.
-TEST_F(PublicKeyTest, RsaEncryptionRefusals) {
+// Refusals of every service class (service_refusals.txt): the code, the
+// object's error code, the whole trace and, where asked, the output left alone.
+TEST_F(WithKeys, ServiceRefusalsCarryCodeAndTrace) {
+  QSSign s;
   QSEncrypt e;
-  ByteString out;
-  // OAEP-SHA-1 takes at most k - 42 bytes.
-  EXPECT_EQ(e.EncryptData(4021, 4, 2, Pub("rsa1024"), ByteString(), qvatest::RandomBytes(87, 1u), out), 101);
-  // A ciphertext of the wrong length, and one that does not decrypt.
-  EXPECT_EQ(e.DecryptData(4001, 4, 2, Priv("rsa1024"), ByteString(), qvatest::RandomBytes(127, 2u), out), 114);
-  ByteString ct;
-  ASSERT_EQ(e.EncryptData(4021, 4, 2, Pub("rsa1024"), ByteString(), ByteString("secret"), ct), 0);
-  ct.setAt(5, static_cast<char>(ct.data()[5] ^ 0x40));
-  EXPECT_EQ(e.DecryptData(4021, 4, 2, Priv("rsa1024"), ByteString(), ct, out), 114);
-  EXPECT_TRUE(cryptotest::TraceIs(e.GetErrorMsg(), "QSEncrypt.cpp", "QSEncrypt::DecryptData", "ECSP_DecryptData", 114,
-                                  "[ECSP_DecryptData] nAlgID = 13101, nEncMode = 3, nPaddintType = 8 Invalid encrypted data.(114)"));
-  // Decrypting needs the private key.
-  EXPECT_EQ(e.DecryptData(4001, 4, 2, Pub("rsa1024"), ByteString(), qvatest::RandomBytes(128, 3u), out), 107);
+  ByteString sig, oaep;
+  ASSERT_EQ(s.SignData(7011, Priv("rsa1024"), ByteString("message"), sig), 0);
+  ASSERT_EQ(e.EncryptData(4021, 4, 2, Pub("rsa1024"), ByteString(), ByteString("secret"), oaep), 0);
+  oaep.setAt(5, static_cast<char>(oaep.data()[5] ^ 0x40));
+  auto bytes = [&](const std::string& text, const ByteString& key) -> ByteString {
+    const std::string kind = text.substr(0, text.find(' ')), arg = text.substr(text.find(' ') + 1);
+    ByteString out;
+    if (kind == "badpad") {
+      EXPECT_EQ(e.EncryptData(3020, 3, 0, key, {}, Hex("00112233445566778899AABBCCDDEEFF"), out), 0);
+    }
+    return kind == "priv"            ? Priv(arg)
+           : kind == "pub"           ? Pub(arg)
+           : kind == "text"          ? ByteString(arg.c_str())
+           : kind == "random"        ? qvatest::RandomBytes(std::stoul(arg), 2u)
+           : kind == "sig"           ? sig
+           : kind == "shortsig"      ? sig.mid(0, sig.length() - 1)
+           : kind == "oaep-tampered" ? oaep
+           : kind == "badpad"        ? out
+                                     : Hex(text);
+  };
+  const auto records = Vectors("service_refusals.txt");
+  ASSERT_EQ(records.size(), 40u);
+  for (auto r : records) {
+    SCOPED_TRACE(r["Op"] + " " + r["Alg"] + " " + r["Key"] + " / " + r["In"] + ": " + r["Tail"]);
+    auto num = [&r](const char* name) { return r[name].empty() ? 0 : std::stoi(r[name]); };
+    const std::string op = r["Op"];
+    const int alg = num("Alg");
+    const ByteString key = bytes(r["Key"], {}), in = bytes(r["In"], key);
+    QSHash h;
+    QSMac m;
+    QSRandom g;
+    QSSign sign;
+    QSKey agree;
+    QSEncrypt crypt;
+    ByteString out("untouched");
+    const int rc = op == "DigestData"          ? h.DigestData(alg, in, out)
+                   : op == "DigestData_Init"   ? h.DigestData_Init(alg)
+                   : op == "DigestData_Update" ? h.DigestData_Update(in)
+                   : op == "DigestData_Final"  ? h.DigestData_Final(out)
+                   : op == "GenerateMAC"       ? m.GenerateMAC(alg, key, in, out)
+                   : op == "GenerateRandom"    ? g.GenerateRandom(alg, num("Len"), out)
+                   : op == "SignData"          ? sign.SignData(alg, key, in, out)
+                   : op == "VerifyData"        ? sign.VerifyData(alg, key, Hex(r["Msg"]), in)
+                   : op == "GenerateSharedKey" ? agree.GenerateSharedKey(alg, key, in, out)
+                       : cryptotest::Crypt(crypt, op, alg, num("Mode"), num("Pad"), key, Hex(r["IV"]), in, out);
+    // The object called is the one left with an error code (the last when none is).
+    const QSService* all[] = {&h, &m, &g, &sign, &agree, &crypt};
+    const QSService& who = **std::find_if(all, all + 5, [](const QSService* o) { return o->GetErrorCode() != 0; });
+    EXPECT_EQ(rc, num("Code"));
+    EXPECT_EQ(who.GetErrorCode(), num("Code"));
+    const std::string cls = r["Tail"].substr(0, r["Tail"].find("::"));  // no Tail: the code alone
+    if (!cls.empty()) {
+      EXPECT_TRUE(cryptotest::TraceTail(who.GetErrorMsg(), cls + ".cpp", r["Tail"]));
+    }
+    EXPECT_EQ(qvatest::Str(out), r["Output"].empty() ? qvatest::Str(out) : "untouched");
+  }
 }
 
 // Parsed public keys are reused across calls and threads: keys of the same
 // length are never mixed up, and more keys than the reuse holds still work.
-TEST_F(PublicKeyTest, ReusedPublicKeysStayApart) {
+TEST_F(WithKeys, ReusedPublicKeysStayApart) {
   const ByteString msg("reuse");
   ByteString sigA, sigB;
   QSSign s;
@@ -334,13 +243,13 @@ TEST_F(PublicKeyTest, ReusedPublicKeysStayApart) {
       for (int i = 0; i < 30; ++i) {
         const bool a = (i + t) % 2 == 0;
         const ByteString& sig = a ? sigA : sigB;
-        if (v.VerifyData(7011, Pub(a ? "rsa1024" : "rsa1024b"), msg, sig) != 0) ++wrong[static_cast<std::size_t>(t)];
-        if (v.VerifyData(7011, Pub(a ? "rsa1024b" : "rsa1024"), msg, sig) != 116) ++wrong[static_cast<std::size_t>(t)];
+        wrong[t] += v.VerifyData(7011, Pub(a ? "rsa1024" : "rsa1024b"), msg, sig) != 0;
+        wrong[t] += v.VerifyData(7011, Pub(a ? "rsa1024b" : "rsa1024"), msg, sig) != 116;
         // A key of another kind or size is parsed (and kept) but never fits.
-        if (v.VerifyData(7011, Pub(all[(i + t) % 10]), msg, sigA) != 107) ++wrong[static_cast<std::size_t>(t)];
+        wrong[t] += v.VerifyData(7011, Pub(all[(i + t) % 10]), msg, sigA) != 107;
       }
     });
   }
   for (auto& th : threads) th.join();
-  for (int t = 0; t < 4; ++t) EXPECT_EQ(wrong[static_cast<std::size_t>(t)], 0) << t;
+  EXPECT_EQ(wrong, std::vector<int>(4, 0));
 }
