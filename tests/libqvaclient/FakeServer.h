@@ -1,64 +1,130 @@
-// A scriptable validation server for the tests: listens on 127.0.0.1 at an
-// ephemeral port and serves one connection per scripted answer, in order.
-// Each connection: read one framed request (kept for inspection), send the
-// answer's segments (pausing between them so they arrive apart), close.
+// Helpers for the client tests. FakeServer listens on 127.0.0.1 at an
+// ephemeral port and serves one connection per scripted answer, in order:
+// read one framed request (kept), send the answer's segments apart, close.
 // Every wait is bounded, so a test that never connects still ends.
 #pragma once
 
-#include <mutex>
+#include <arpa/inet.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstring>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "tests/support/TestUtil.h"
+
 namespace qvatest {
 
 struct Answer {
-  // Raw bytes sent in order; several segments are sent apart.
-  std::vector<std::string> segments;
-  // Close without reading the request first.
-  bool skipRequest = false;
+  std::vector<std::string> segments;  // raw bytes, sent with a pause between
+  bool skipRequest = false;           // close without reading the request
 };
 
-// Bytes helpers for scripting answers independently of the library.
-std::string U32(unsigned v);
-std::string Frame(const std::string& payload);
-std::string ItemList(const std::vector<std::string>& items);
-std::string Roaming(int type, int status, const std::string& identifier, const std::string& reference,
-                    const std::string& body);
-std::string Record(int contentType, const std::string& data);
-// A whole framed plain answer carrying a roaming message with these items.
-std::string PlainAnswer(int status, const std::vector<std::string>& items);
+inline int ListenLoopback(int* port) {
+  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in sa{};
+  sa.sin_family = AF_INET;
+  sa.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t len = sizeof sa;
+  if (fd < 0 || ::bind(fd, reinterpret_cast<sockaddr*>(&sa), sizeof sa) != 0 || ::listen(fd, 16) != 0 ||
+      ::getsockname(fd, reinterpret_cast<sockaddr*>(&sa), &len) != 0) {
+    throw std::runtime_error("listen on loopback");
+  }
+  *port = ntohs(sa.sin_port);
+  return fd;
+}
+
+inline bool WaitReadable(int fd) {
+  pollfd p{fd, POLLIN, 0};
+  return ::poll(&p, 1, 5000) > 0;  // longest wait for a connection or a byte
+}
+
+// Appends n bytes to out, or fewer when the peer stops or the wait runs out.
+inline void ReadUpTo(int fd, std::size_t n, std::string* out) {
+  char buf[4096];
+  for (ssize_t got; n > 0 && WaitReadable(fd); n -= static_cast<std::size_t>(got)) {
+    if ((got = ::recv(fd, buf, std::min(sizeof buf, n), 0)) <= 0) break;
+    out->append(buf, static_cast<std::size_t>(got));
+  }
+}
 
 class FakeServer {
  public:
-  explicit FakeServer(std::vector<Answer> script);
-  ~FakeServer();
+  explicit FakeServer(std::vector<Answer> script) : m_listen(ListenLoopback(&m_port)) {
+    m_thread = std::thread([this, script] {
+      for (const Answer& answer : script) {
+        const int fd = WaitReadable(m_listen) ? ::accept(m_listen, nullptr, nullptr) : -1;
+        if (fd < 0) return;  // nobody came: stop rather than wait forever
+        int on = 1;
+        ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);  // segments leave one by one
+        std::string request;
+        if (!answer.skipRequest) {
+          ReadUpTo(fd, 4, &request);
+          std::size_t n = 0;
+          for (unsigned char c : request) n = n << 8 | c;
+          if (request.size() == 4) ReadUpTo(fd, n, &request);
+          m_requests.push_back(request);
+        }
+        for (const std::string& s : answer.segments) {
+          if (&s != &answer.segments[0]) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+          if (::send(fd, s.data(), s.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(s.size())) break;
+        }
+        ::close(fd);
+      }
+    });
+  }
+  ~FakeServer() {
+    Join();
+    ::close(m_listen);
+  }
   FakeServer(const FakeServer&) = delete;
   FakeServer& operator=(const FakeServer&) = delete;
-
   int port() const { return m_port; }
-  // Waits until every scripted connection is served (or timed out).
-  void Join();
-  // The framed requests received so far (prefix included).
-  std::vector<std::string> Requests();
+  // Waits until every answer is served (or timed out).
+  void Join() {
+    if (m_thread.joinable()) m_thread.join();
+  }
+  // The framed requests received, prefix included, once all are served.
+  std::vector<std::string> Requests() {
+    Join();
+    return m_requests;
+  }
 
  private:
-  void Run();
-  void Serve(int fd, const Answer& answer);
-
-  std::vector<Answer> m_script;
-  int m_listen = -1;
   int m_port = 0;
-  std::mutex m_mutex;
+  int m_listen;
   std::vector<std::string> m_requests;
   std::thread m_thread;
 };
 
 // A loopback port with nothing listening on it.
-int UnusedPort();
+inline int UnusedPort() {
+  int port = 0;
+  ::close(ListenLoopback(&port));
+  return port;
+}
 
-// The text the library reports for a system error number: the C library's
-// message with the line break that Windows puts at the end of its texts.
-std::string SystemText(int err);
+inline std::string HexStr(const std::string& hex) { return Str(Hex(hex)); }
+
+// A data-file text with \r, \n, \\ and \xHH escapes resolved.
+inline std::string Unescape(const std::string& text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\\' || i + 1 == text.size()) {
+      out += text[i];
+    } else if (text[++i] == 'x') {
+      out += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+      i += 2;
+    } else {
+      out += text[i] == 'r' ? '\r' : text[i] == 'n' ? '\n' : text[i];
+    }
+  }
+  return out;
+}
 
 }  // namespace qvatest
