@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <sstream>
 #include <string>
 
 #include "base/Messages.h"
@@ -10,8 +12,8 @@
 #include "tests/libaibase/ScopedTempCwd.h"
 #include "tests/libqvaclient/FakeServer.h"
 
-using qvatest::Answer;
 using qvatest::FakeServer;
+using qvatest::GetText;
 using qvatest::HexStr;
 
 namespace {
@@ -19,26 +21,17 @@ namespace {
 const std::string kGeneral = qva_msg::kVerifyRequestFailed;
 const unsigned char kData[] = {0x01, 0x02, 0x03};
 
-std::string GetText(int (*get)(void*, char*, int*), void* client) {
-  char buf[8192];
-  int len = sizeof buf;
-  EXPECT_EQ(get(client, buf, &len), 0);
-  return std::string(buf, static_cast<std::size_t>(len));
-}
+void* NoMemory(std::size_t, std::size_t) { return nullptr; }
 
-std::string ToHex(const std::string& s) { return qvatest::ToHex(ByteString(s.data(), static_cast<int>(s.size()))); }
-
-// The detail text of a record: escapes resolved, then {name} placeholders.
+// A record's text: escapes resolved, {port} the closed port, {refused} and
+// {error 0} the system texts, which end in the line break Windows puts there.
 std::string Detail(const std::string& text, int closedPort) {
   std::string out = qvatest::Unescape(text);
-  const std::pair<std::string, std::string> fills[] = {{"{port}", std::to_string(closedPort)},
-                                                       {"{error 0}", std::strerror(0)},
-                                                       {"{refused}", std::strerror(ECONNREFUSED)}};
-  for (const auto& f : fills) {
-    // The library's system texts end in the line break Windows puts there.
-    const std::string to = f.first == "{port}" ? f.second : f.second + "\r\n";
-    for (auto at = out.find(f.first); at != std::string::npos; at = out.find(f.first, at + to.size())) {
-      out.replace(at, f.first.size(), to);
+  for (const auto& f : {std::make_pair(std::string("{port}"), std::to_string(closedPort)),
+                        {"{error 0}", std::string(std::strerror(0)) + "\r\n"},
+                        {"{refused}", std::string(std::strerror(ECONNREFUSED)) + "\r\n"}}) {
+    for (auto at = out.find(f.first); at != std::string::npos; at = out.find(f.first, at + f.second.size())) {
+      out.replace(at, f.first.size(), f.second);
     }
   }
   return out;
@@ -57,19 +50,17 @@ TEST(ClientApi, ScriptedAnswersBecomeCodesAndTexts) {
     const bool served = r.count("Reply") != 0;  // before r["Reply"] adds an empty one
     SCOPED_TRACE("answers.txt record " + std::to_string(i + 1) + ": reply " + r["Reply"]);
     std::vector<std::string> segments;
-    for (std::size_t at = 0, bar = 0; !r["Reply"].empty() && bar != std::string::npos; at = bar + 1) {
-      bar = r["Reply"].find('|', at);
-      segments.push_back(HexStr(r["Reply"].substr(at, bar - at)));
-    }
-    FakeServer server(served ? std::vector<Answer>{Answer{segments}} : std::vector<Answer>{});
+    std::istringstream parts(r["Reply"]);
+    for (std::string part; std::getline(parts, part, '|');) segments.push_back(HexStr(part));
+    FakeServer server(served ? std::vector<qvatest::Answer>{segments} : std::vector<qvatest::Answer>{});
     const int closed = qvatest::UnusedPort();  // taken while the server holds its own port
     void* client = nullptr;
-    const std::string host = r.count("Host") ? r["Host"] : "127.0.0.1";
-    ASSERT_EQ(QVA_Initialize(&client, host.c_str(), served ? server.port() : closed, "R"), 0);
+    const char* host = r.count("Host") ? r["Host"].c_str() : "127.0.0.1";
+    ASSERT_EQ(QVA_Initialize(&client, host, served ? server.port() : closed, "R"), 0);
     const std::string data = HexStr(r.count("Data") ? r["Data"] : "010203");
     const auto* bytes = reinterpret_cast<const unsigned char*>(data.data());
     const std::string first = r.count("First") ? r["First"] : "AB";
-    if (r.count("Allocator")) CSocketClient::SetRecvAllocator([](std::size_t, std::size_t) -> void* { return nullptr; });
+    if (r.count("Allocator")) CSocketClient::SetRecvAllocator(NoMemory);
     const int rc = r["Call"] == "register" ? QVA_RegisterCert(client, bytes, static_cast<int>(data.size()))
                                            : QVA_Verify(client, first == "(null)" ? nullptr : first.c_str(), bytes,
                                                         static_cast<int>(data.size()));
@@ -80,11 +71,10 @@ TEST(ClientApi, ScriptedAnswersBecomeCodesAndTexts) {
     EXPECT_EQ(GetText(QVA_GetGeneralErrorMsg, client), rc == 0 ? "" : kGeneral);
     EXPECT_EQ(QVA_Release(client), 0);
     if (r.count("Sent")) {
-      EXPECT_EQ(server.Requests().size(), 1u);
-      EXPECT_EQ(ToHex(server.Requests().at(0)), ToHex(HexStr(r["Sent"])));
+      EXPECT_EQ(server.Requests(), std::vector<std::string>{HexStr(r["Sent"])});
     }
     if (r.count("Dump")) {
-      EXPECT_EQ(ToHex(qvatest::ReadFile(dir.file("wrongRoamingMessage.txt"))), ToHex(HexStr(r["Dump"])));
+      EXPECT_EQ(qvatest::ReadFile(dir.file("wrongRoamingMessage.txt")), HexStr(r["Dump"]));
     }
   }
 }
@@ -97,10 +87,10 @@ TEST(ClientApi, ArgumentsTextBuffersAndTextsAcrossCalls) {
   void* client = nullptr;
   void* none = nullptr;
   void* block = std::malloc(16);
-  FakeServer server({Answer{{HexStr("00000026 1401 00000020 0000001c 6a00 0152 00000001 52 0000000f 00000002"
-                                    "00000002 3137 00000001 54")}},  // result 17, "T"
-                     Answer{{HexStr("00000020 1401 0000001a 00000016 6a00 0152 00000001 52 00000009 00000001"
-                                    "00000001 30")}}});  // result 0
+  FakeServer server({{HexStr("00000026 1401 00000020 0000001c 6a00 0152 00000001 52 0000000f 00000002"
+                                    "00000002 3137 00000001 54")},  // result 17, "T"
+                     {HexStr("00000020 1401 0000001a 00000016 6a00 0152 00000001 52 00000009 00000001"
+                                    "00000001 30")}});  // result 0
   ASSERT_EQ(QVA_Initialize(&client, "127.0.0.1", server.port(), "R"), 0);
   // Null handles and data pointers are refused before anything is done.
   EXPECT_EQ(QVA_Verify(nullptr, "AB", kData, 3), 2000);

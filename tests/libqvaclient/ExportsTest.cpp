@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-#include <sstream>
 #include <string>
 
 #include "tests/libqvaclient/FakeServer.h"
@@ -9,16 +7,11 @@
 
 TEST(Exports, SharedLibraryExportsTheSevenFunctionsOnly) {
   std::string out;
-  ASSERT_EQ(qvatest::Run(std::string("nm -D --defined-only '") + QVA_CLIENT_SO + "'", &out), 0);
-  std::set<std::string> names;
-  std::istringstream lines(out);
-  for (std::string addr, type, name, line; std::getline(lines, line);) {
-    if (std::istringstream(line) >> addr >> type >> name) names.insert(name);
-  }
-  const std::set<std::string> expected = {
-      "QVA_Initialize",        "QVA_Verify", "QVA_RegisterCert", "QVA_FreeItem", "QVA_GetGeneralErrorMsg",
-      "QVA_GetDetailErrorMsg", "QVA_Release"};
-  EXPECT_EQ(names, expected) << out;
+  const std::string so = QVA_CLIENT_SO;
+  ASSERT_EQ(qvatest::Run("nm -D --defined-only '" + so + "' | awk '{print $3}' | LC_ALL=C sort", &out), 0);
+  EXPECT_EQ(out,
+            "QVA_FreeItem\nQVA_GetDetailErrorMsg\nQVA_GetGeneralErrorMsg\nQVA_Initialize\nQVA_RegisterCert\n"
+            "QVA_Release\nQVA_Verify\n");
 }
 
 // The example program, linked against the shared library, runs one request
@@ -26,8 +19,8 @@ TEST(Exports, SharedLibraryExportsTheSevenFunctionsOnly) {
 TEST(Exports, ExampleProgramPrintsCodeAndTexts) {
   qvatest::TempDir dir;
   qvatest::WriteFile(dir.file("data.bin"), std::string("\x01\x02", 2));
-  qvatest::FakeServer server({qvatest::Answer{{qvatest::HexStr(
-      "0000002b 1401 00000025 00000021 6a00 0152 00000001 52 00000014 00000002 00000001 37 00000007 65787069726564")}}});
+  qvatest::FakeServer server({{qvatest::HexStr("0000002b 1401 00000025 00000021 6a00 0152 00000001 52 00000014"
+                                               "00000002 00000001 37 00000007 65787069726564")}});  // 7, "expired"
   std::string out;
   EXPECT_EQ(qvatest::Run(std::string(QVA_VERIFY_EXAMPLE) + " 127.0.0.1 " + std::to_string(server.port()) +
                              " R first '" + dir.file("data.bin") + "'",

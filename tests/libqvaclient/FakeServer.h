@@ -10,7 +10,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstring>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -20,10 +19,7 @@
 
 namespace qvatest {
 
-struct Answer {
-  std::vector<std::string> segments;  // raw bytes, sent with a pause between
-  bool skipRequest = false;           // close without reading the request
-};
+using Answer = std::vector<std::string>;  // raw bytes, parts sent with a pause between
 
 inline int ListenLoopback(int* port) {
   const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
@@ -63,15 +59,13 @@ class FakeServer {
         int on = 1;
         ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);  // segments leave one by one
         std::string request;
-        if (!answer.skipRequest) {
-          ReadUpTo(fd, 4, &request);
-          std::size_t n = 0;
-          for (unsigned char c : request) n = n << 8 | c;
-          if (request.size() == 4) ReadUpTo(fd, n, &request);
-          m_requests.push_back(request);
-        }
-        for (const std::string& s : answer.segments) {
-          if (&s != &answer.segments[0]) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        ReadUpTo(fd, 4, &request);
+        std::size_t n = 0;
+        for (unsigned char c : request) n = n << 8 | c;
+        if (request.size() == 4) ReadUpTo(fd, n, &request);
+        m_requests.push_back(request);
+        for (const std::string& s : answer) {
+          if (&s != &answer[0]) std::this_thread::sleep_for(std::chrono::milliseconds(100));
           if (::send(fd, s.data(), s.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(s.size())) break;
         }
         ::close(fd);
@@ -79,19 +73,14 @@ class FakeServer {
     });
   }
   ~FakeServer() {
-    Join();
+    Requests();
     ::close(m_listen);
   }
-  FakeServer(const FakeServer&) = delete;
-  FakeServer& operator=(const FakeServer&) = delete;
   int port() const { return m_port; }
-  // Waits until every answer is served (or timed out).
-  void Join() {
-    if (m_thread.joinable()) m_thread.join();
-  }
-  // The framed requests received, prefix included, once all are served.
+  // The framed requests received, prefix included, once every answer is
+  // served (or timed out).
   std::vector<std::string> Requests() {
-    Join();
+    if (m_thread.joinable()) m_thread.join();
     return m_requests;
   }
 
@@ -107,6 +96,13 @@ inline int UnusedPort() {
   int port = 0;
   ::close(ListenLoopback(&port));
   return port;
+}
+
+// A text from one of the two message getters, through a large buffer.
+inline std::string GetText(int (*get)(void*, char*, int*), void* client) {
+  char buf[8192];
+  int len = sizeof buf;
+  return get(client, buf, &len) == 0 ? std::string(buf, static_cast<std::size_t>(len)) : "(refused)";
 }
 
 inline std::string HexStr(const std::string& hex) { return Str(Hex(hex)); }
