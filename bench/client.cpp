@@ -19,28 +19,9 @@
 #include "libaibase/clsecuremanager.h"
 #include "libqvaclient/cbizqvaclient.h"
 #include "qva/qva.h"
+#include "tools/common/PosixIO.h"
 
 namespace {
-
-bool ReadExact(int fd, unsigned char* p, std::size_t n) {
-  while (n > 0) {
-    const ssize_t got = ::recv(fd, p, n, 0);
-    if (got <= 0) return false;
-    p += got;
-    n -= static_cast<std::size_t>(got);
-  }
-  return true;
-}
-
-bool WriteAll(int fd, const unsigned char* p, std::size_t n) {
-  while (n > 0) {
-    const ssize_t sent = ::send(fd, p, n, MSG_NOSIGNAL);
-    if (sent <= 0) return false;
-    p += sent;
-    n -= static_cast<std::size_t>(sent);
-  }
-  return true;
-}
 
 // Reads one frame (prefix included) into buf.
 bool ReadFrame(int fd, std::vector<unsigned char>* buf) {

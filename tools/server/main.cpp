@@ -26,6 +26,7 @@
 
 #include "base/ByteReader.h"
 #include "base/ByteString.h"
+#include "tools/common/PosixIO.h"
 #include "libaibase/clroamingmessage.h"
 #include "libaibase/clsecuremanager.h"
 
@@ -76,30 +77,12 @@ bool ParseOptions(int argc, char** argv, Options* o) {
   return o->port >= 0 && o->port <= 65535 && o->idleSeconds > 0;
 }
 
-bool ReadExact(int fd, unsigned char* p, std::size_t n) {
-  while (n > 0) {
-    const ssize_t got = ::recv(fd, p, n, 0);
-    if (got <= 0) return false;
-    p += got;
-    n -= static_cast<std::size_t>(got);
-  }
-  return true;
-}
-
 bool WriteFrame(int fd, const ByteString& payload) {
   ByteWriter w;
   w.u32BE(static_cast<std::uint32_t>(payload.length())).bytes(payload);
   ByteString frame;
   if (w.finish(&frame) != BS_OK) return false;
-  const unsigned char* p = frame.data();
-  std::size_t n = static_cast<std::size_t>(frame.length());
-  while (n > 0) {
-    const ssize_t sent = ::send(fd, p, n, MSG_NOSIGNAL);
-    if (sent <= 0) return false;
-    p += sent;
-    n -= static_cast<std::size_t>(sent);
-  }
-  return true;
+  return WriteAll(fd, frame.data(), static_cast<std::size_t>(frame.length()));
 }
 
 // Largest request the server takes; a client announcing more is dropped.
