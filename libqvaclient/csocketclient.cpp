@@ -1,6 +1,7 @@
 #include "libqvaclient/csocketclient.h"
 
 #include <atomic>
+#include <climits>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -51,10 +52,23 @@ CSocketClient::~CSocketClient() {
   if (m_bStarted) qva_net::Cleanup();
 }
 
+int CSocketClient::ParseIoTimeout(const char* text) {
+  if (!text || !*text) return 0;
+  long long ms = 0;
+  for (const char* p = text; *p; ++p) {
+    if (*p < '0' || *p > '9') return 0;  // not a number: keep the blocking default
+    if (ms < INT_MAX) ms = ms * 10 + (*p - '0');
+  }
+  return ms > INT_MAX ? INT_MAX : static_cast<int>(ms);
+}
+
 int CSocketClient::InitSocket() {
   if (qva_net::Startup() != 0) return 1;
   m_bStarted = true;
   m_hSocket = qva_net::OpenStreamSocket();
+  const int timeoutMs = ParseIoTimeout(std::getenv("QVA_IO_TIMEOUT_MS"));
+  // A limit the system refuses leaves the socket blocking, as without one.
+  if (timeoutMs > 0 && m_hSocket != qva_net::kInvalidSocket) qva_net::SetIoTimeout(m_hSocket, timeoutMs);
   return m_hSocket != qva_net::kInvalidSocket ? 1 : 0;
 }
 

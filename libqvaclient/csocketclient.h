@@ -18,7 +18,8 @@ class CSocketClient : public CErrorTrace {
   CSocketClient(const CSocketClient&) = delete;
   CSocketClient& operator=(const CSocketClient&) = delete;
 
-  // 1 when a socket was obtained, 0 when not (no caller reads it).
+  // 1 when a socket was obtained, 0 when not (no caller reads it). The
+  // socket gets the I/O limit of QVA_IO_TIMEOUT_MS, read here once per object.
   int InitSocket();
   // Tries host1:port1, then host2:port2 on the same socket.
   int Connect(const ByteString& host1, int port1, const ByteString& host2, int port2);
@@ -35,6 +36,12 @@ class CSocketClient : public CErrorTrace {
 
   const ByteString& GetRecvData() const { return m_bsRecvData; }
   ByteString TakeRecvData();
+
+  // Milliseconds a send or receive may go without progress, from a
+  // QVA_IO_TIMEOUT_MS value: decimal digits only, above INT_MAX taken as
+  // INT_MAX. Null, empty, 0 or any other text give 0: no limit, every call
+  // blocks.
+  static int ParseIoTimeout(const char* text);
 
   // Allocator of Recv's payload buffer (calloc-like); replaceable so that a
   // test can make it fail. Returns the previous one.

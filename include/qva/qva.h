@@ -23,6 +23,12 @@
  *   other the server's own result (its explanation is the detail text), or a
  *         code of a lower layer passed through unchanged
  *
+ * Sends and receives block until the server answers. The environment
+ * variable QVA_IO_TIMEOUT_MS (decimal milliseconds, read once per request;
+ * unset, empty or 0 means no limit) makes a send or receive that makes no
+ * progress for that long fail with 152 or 150, the system's timeout text in
+ * the detail.
+ *
  * Texts produced by the library are in code page CP949 (EUC-KR); texts from
  * the server are passed through as received. A handle is used by one thread
  * at a time; distinct handles share nothing.

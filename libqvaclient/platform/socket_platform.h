@@ -1,5 +1,6 @@
 // The few socket calls CSocketClient needs, one implementation per platform
-// (socket_posix.cpp, socket_win32.cpp). Every call blocks.
+// (socket_posix.cpp, socket_win32.cpp). Every call blocks, for at most the
+// I/O limit once one is set on the socket.
 #pragma once
 
 #include <cstddef>
@@ -27,6 +28,11 @@ bool ResolveHost(const char* host, std::uint32_t* addr);
 int ConnectSocket(SocketHandle s, std::uint32_t addr, std::uint16_t port);
 // True when s becomes writable within the given seconds.
 bool WaitWritable(SocketHandle s, int seconds);
+
+// Every later send and receive on s fails once it has made no progress for
+// ms milliseconds, with the system's timeout error left for LastError();
+// 0 lifts the limit. 0 on success.
+int SetIoTimeout(SocketHandle s, int ms);
 
 // One send/recv of at most n bytes; the count, or below 1 on failure or (for
 // recv) an orderly close. Sending never raises a signal in the process.

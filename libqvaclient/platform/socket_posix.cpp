@@ -3,6 +3,7 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -21,6 +22,12 @@ constexpr int kSendFlags = 0;  // SO_NOSIGPIPE is set on the socket instead
 #endif
 
 int Fd(SocketHandle s) { return static_cast<int>(s); }
+
+// A blocking socket reports an expired I/O limit as EAGAIN; callers are told
+// it as what it is.
+void NameTimeout() {
+  if (errno == EAGAIN || errno == EWOULDBLOCK) errno = ETIMEDOUT;
+}
 
 }  // namespace
 
@@ -90,11 +97,20 @@ bool WaitWritable(SocketHandle s, int seconds) {
   return rc > 0 && (p.revents & POLLOUT) != 0;
 }
 
+int SetIoTimeout(SocketHandle s, int ms) {
+  timeval tv{};
+  tv.tv_sec = ms / 1000;
+  tv.tv_usec = (ms % 1000) * 1000;
+  if (::setsockopt(Fd(s), SOL_SOCKET, SO_RCVTIMEO, &tv, sizeof tv) != 0) return -1;
+  return ::setsockopt(Fd(s), SOL_SOCKET, SO_SNDTIMEO, &tv, sizeof tv) == 0 ? 0 : -1;
+}
+
 long SendSome(SocketHandle s, const unsigned char* p, std::size_t n) {
   ssize_t rc;
   do {
     rc = ::send(Fd(s), p, n, kSendFlags);
   } while (rc < 0 && errno == EINTR);  // a signal is not a failure of the peer
+  if (rc < 0) NameTimeout();
   return static_cast<long>(rc);
 }
 
@@ -104,6 +120,7 @@ long RecvSome(SocketHandle s, unsigned char* p, std::size_t n) {
     errno = 0;  // an orderly close reports error 0, as the Windows build does
     rc = ::recv(Fd(s), p, n, 0);
   } while (rc < 0 && errno == EINTR);
+  if (rc < 0) NameTimeout();
   return static_cast<long>(rc);
 }
 

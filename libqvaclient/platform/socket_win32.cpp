@@ -67,6 +67,14 @@ bool WaitWritable(SocketHandle s, int seconds) {
   return FD_ISSET(Sock(s), &writable) != 0;
 }
 
+int SetIoTimeout(SocketHandle s, int ms) {
+  // Milliseconds as a DWORD; a call that runs out fails with WSAETIMEDOUT.
+  const DWORD limit = static_cast<DWORD>(ms);
+  const char* p = reinterpret_cast<const char*>(&limit);
+  if (::setsockopt(Sock(s), SOL_SOCKET, SO_RCVTIMEO, p, sizeof limit) != 0) return -1;
+  return ::setsockopt(Sock(s), SOL_SOCKET, SO_SNDTIMEO, p, sizeof limit) == 0 ? 0 : -1;
+}
+
 long SendSome(SocketHandle s, const unsigned char* p, std::size_t n) {
   return ::send(Sock(s), reinterpret_cast<const char*>(p), Chunk(n), 0);
 }
