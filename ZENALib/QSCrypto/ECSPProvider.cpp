@@ -1,13 +1,12 @@
 // OpenSSL glue of the core: the library context with its providers, the
-// digests and ciphers fetched once, the digest engine and the core lock.
+// digests and ciphers fetched once and the digest engine; the core lock is
+// in platform/CoreLock_*.cpp.
 #include <openssl/decoder.h>
 #include <openssl/provider.h>
 #include <openssl/x509.h>
 
-#include <cstdio>
 #include <cstring>
 #include <mutex>
-#include <system_error>
 
 #include "ZENALib/QSCrypto/ECSPInternal.h"
 #include "base/SecureZero.h"
@@ -302,23 +301,6 @@ EVP_PKEY* ParseKey(const unsigned char* p, int n, bool bExpectPrivate, bool* pbP
     }
   }
   return nullptr;
-}
-
-namespace {
-std::mutex g_coreMutex;
-}
-
-CoreLock::CoreLock() {
-  try {
-    g_coreMutex.lock();
-    m_bHeld = true;
-  } catch (const std::system_error& e) {
-    std::fprintf(stderr, "CreateMutex Failed. [%d]\n", e.code().value());
-  }
-}
-
-CoreLock::~CoreLock() {
-  if (m_bHeld) g_coreMutex.unlock();
 }
 
 }  // namespace ecsp_internal
