@@ -1,7 +1,6 @@
-// winsock2.h must come before windows.h, which would bring in the old winsock.h.
-#include <winsock2.h>
-
+// Windows Sockets 1.1: winsock.h and wsock32.dll, nothing of version 2.
 #include <windows.h>
+#include <winsock.h>
 
 #include <climits>
 #include <cstring>
