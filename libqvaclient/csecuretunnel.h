@@ -27,6 +27,10 @@ class CSecureTunnel : public CErrorTrace {
   // One plain exchange; 0 with the answer's data in GetResponse().
   int Request(const ByteString& data);
   int ProcessPlainData(const ByteString& data);
+  // The same for data written straight into the frame (record and prefix
+  // around it, one buffer).
+  int Request(const CLEncoder& data);
+  int ProcessPlainData(const CLEncoder& data);
   const ByteString& GetResponse() const { return m_bsResponse; }
   ByteString TakeResponse();
   // Releases the manager and closes the socket; harmless when repeated.
