@@ -12,3 +12,7 @@ int CLPlain::MakePlain(int version, const ByteString& data) { return MakeRecord(
 int CLPlain::ParsePlain(const ByteString& record) {
   return ParseRecord(record, nullptr, cl_text::kPlainParseMethod, cl_text::kPlainWhat, ERR_PLAIN_PARSE);
 }
+
+int CLPlain::ParsePlain(const ByteString& record, ByteReader* data) {
+  return ParseRecordInPlace(record, nullptr, cl_text::kPlainParseMethod, cl_text::kPlainWhat, ERR_PLAIN_PARSE, data);
+}

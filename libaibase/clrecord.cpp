@@ -68,6 +68,18 @@ int CLRecord::MakeRecord(int version, int handshakeType, const ByteString& data)
 
 int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
                           int code) {
+  ByteReader data;
+  int rc = ParseRecordInPlace(record, handshakeType, method, what, code, &data);
+  if (rc != 0) return rc;
+  ByteString copy;
+  rc = data.readBytes(data.remaining(), &copy);
+  if (rc != BS_OK) return m_nErrorCode = rc;
+  m_bsBody = std::move(copy);
+  return m_nErrorCode = 0;
+}
+
+int CLRecord::ParseRecordInPlace(const ByteString& record, std::uint32_t* handshakeType, const char* method,
+                                 const char* what, int code, ByteReader* data) {
   ByteReader r(record);
   std::uint8_t type = 0, version = 0, hsType = 0;
   std::uint32_t bodyLength = 0, dataLength = 0;
@@ -89,9 +101,6 @@ int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType
     return code;
   }
   // The body-length field is read and deliberately not compared.
-  ByteString data;
-  const int rc = r.readBytes(dataLength, &data);
-  if (rc != BS_OK) return m_nErrorCode = rc;
-  m_bsBody = std::move(data);
+  *data = r;
   return m_nErrorCode = 0;
 }

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 
+#include "base/ByteReader.h"
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
 #include "libaibase/clencoder.h"
@@ -72,6 +73,10 @@ class CLRecord : public CErrorTrace {
   // returns code. handshakeType is null for records without that byte.
   int ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
                   int code);
+  // The same checks; on success *data views the data inside record (nothing
+  // is copied, and the object's data is left as it was).
+  int ParseRecordInPlace(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
+                         int code, ByteReader* data);
 
   std::uint32_t m_nContentType;
   std::uint32_t m_nVersion;

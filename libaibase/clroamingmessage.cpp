@@ -149,11 +149,11 @@ int CLRoamingMessage::Commit(const CLEncoder& encoding, std::uint8_t type, std::
   return rc;
 }
 
-int CLRoamingMessage::Malformed(const ByteString& message, bool dump) {
+int CLRoamingMessage::Malformed(const ByteReader& message, bool dump) {
   if (dump) {
     // Created or replaced, never appended to; a failed write is not reported.
     if (std::FILE* f = std::fopen(kWrongRoamingMessageFile, "wb")) {
-      std::fwrite(message.data(), 1, static_cast<std::size_t>(message.length()), f);
+      std::fwrite(message.data(), 1, message.remaining(), f);
       std::fclose(f);
     }
   }
@@ -168,7 +168,11 @@ int CLRoamingMessage::Fail(int code, const char* what) {
 
 int CLRoamingMessage::ParseRoamingMessage(const ByteString* message) {
   if (!message) return Fail(ERR_ROAMING_NULL, cl_text::kRoamingNull);
-  ByteReader r(*message);
+  return ParseRoamingMessage(ByteReader(*message));
+}
+
+int CLRoamingMessage::ParseRoamingMessage(ByteReader message) {
+  ByteReader r = message;
   std::uint8_t type = 0, status = 0;
   // A length that runs past the end fails here like any other mismatch
   // instead of being copied from beyond the message.
@@ -176,7 +180,7 @@ int CLRoamingMessage::ParseRoamingMessage(const ByteString* message) {
                   GetLongField(&r, &m_bsReference) && GetLongField(&r, &m_bsBody) && r.empty();
   m_nType = type;
   m_nStatus = status;
-  if (!ok) return Malformed(*message, true);
+  if (!ok) return Malformed(message, true);
   return m_nErrorCode = 0;
 }
 
@@ -193,6 +197,6 @@ int CLRoamingMessage::ParseRoamingMessageEx(const ByteString* message) {
   m_nStatus = status;
   m_nFirstPort = firstPort;
   m_nSecondPort = secondPort;
-  if (!ok) return Malformed(*message, false);
+  if (!ok) return Malformed(ByteReader(*message), false);
   return m_nErrorCode = 0;
 }

@@ -61,6 +61,9 @@ class CLRoamingMessage : public CErrorTrace {
   // which case the message is first written to kWrongRoamingMessageFile.
   int ParseRoamingMessage(const ByteString* message);
   int ParseRoamingMessage(const ByteString& message) { return ParseRoamingMessage(&message); }
+  // The same for bytes held elsewhere (for example the data of the record
+  // that carried the message, read in place).
+  int ParseRoamingMessage(ByteReader message);
 
   // The extended pair. The arguments take the reference before the extra
   // field, the wire carries the extra field first.
@@ -87,7 +90,7 @@ class CLRoamingMessage : public CErrorTrace {
  private:
   // Appends the encoding to the message and keeps type and status.
   int Commit(const CLEncoder& encoding, std::uint8_t type, std::uint8_t status);
-  int Malformed(const ByteString& message, bool dump);
+  int Malformed(const ByteReader& message, bool dump);
   int Fail(int code, const char* what);
 
   std::uint32_t m_nType;

@@ -63,6 +63,13 @@ int CLSecureManager::ParsePlain(const ByteString& record) {
       [&](CLPlain& r) { return r.ParsePlain(record); }, [](CLPlain& r) { return r.TakeData(); });
 }
 
+int CLSecureManager::ParsePlain(const ByteString& record, ByteReader* data) {
+  ByteString untouched;
+  return RunRecordOp<CLPlain>(
+      this, &m_nErrorCode, &untouched, cl_text::kManagerParsePlainMethod, cl_text::kManagerParsePlainWhat,
+      [&](CLPlain& r) { return r.ParsePlain(record, data); }, [](CLPlain&) { return ByteString(); });
+}
+
 int CLSecureManager::MakeAlert(const ByteString& data) {
   return RunRecordOp<CLAlert>(
       this, &m_nErrorCode, &m_bsOutput, cl_text::kManagerMakeAlertMethod, cl_text::kManagerMakeAlertWhat,

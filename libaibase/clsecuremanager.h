@@ -40,6 +40,8 @@ class CLSecureManager : public CErrorTrace {
   int CheckPlainData(const CLEncoder& data);
   // Output = the data carried in a plain record.
   int ParsePlain(const ByteString& record);
+  // The same, the output left as it was: *data views the data inside record.
+  int ParsePlain(const ByteString& record, ByteReader* data);
   // Output = alert record (version 1) around data.
   int MakeAlert(const ByteString& data);
   // Output = the data carried in an alert record.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "base/ByteReader.h"
 #include "base/ErrorCodes.h"
 #include "base/Messages.h"
 #include "libaibase/clroamingmessage.h"
@@ -109,7 +110,9 @@ int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageTy
     return m_nErrorCode;
   }
 
-  ByteString answer;
+  // The answer record is kept whole and its roaming message read in place.
+  ByteString answerRecord;
+  ByteReader answer;
   {
     CSecureTunnel tunnel;
     m_nErrorCode = tunnel.Connect(m_bsServerAddress, m_nServerPort, m_bsServerAddress, m_nServerPort);
@@ -117,13 +120,12 @@ int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageTy
       QVA_ERROR_TRACE(kTransportMethod, qva_text::kTunnelConnectWhat, m_nErrorCode, tunnel.GetErrorMsg().c_str());
       return m_nErrorCode;
     }
-    m_nErrorCode = tunnel.Request(roaming);
+    m_nErrorCode = tunnel.Request(roaming, &answerRecord, &answer);
     if (m_nErrorCode > 0) {
       QVA_ERROR_TRACE(kTransportMethod, qva_text::kTunnelRequestWhat, m_nErrorCode, tunnel.GetErrorMsg().c_str());
       return m_nErrorCode;
     }
     tunnel.Disconnect();
-    answer = tunnel.TakeResponse();
   }
 
   CLRoamingMessage reply;

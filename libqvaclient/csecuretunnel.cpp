@@ -24,9 +24,11 @@ int CSecureTunnel::Connect(const ByteString& host1, int port1, const ByteString&
   return m_nErrorCode;
 }
 
-int CSecureTunnel::Request(const ByteString& data) { return Request(CLBytesEncoder(data)); }
+int CSecureTunnel::Request(const ByteString& data) { return m_nErrorCode = ProcessPlainData(data); }
 
-int CSecureTunnel::Request(const CLEncoder& data) { return m_nErrorCode = ProcessPlainData(data); }
+int CSecureTunnel::Request(const CLEncoder& data, ByteString* record, ByteReader* answer) {
+  return m_nErrorCode = ProcessPlainData(data, record, answer);
+}
 
 int CSecureTunnel::CheckAlert(const ByteString& record) {
   if (!CLSecureManager::IsAlert(record)) return 0;
@@ -36,9 +38,17 @@ int CSecureTunnel::CheckAlert(const ByteString& record) {
   return ERR_ALERT_FROM_SERVER;
 }
 
-int CSecureTunnel::ProcessPlainData(const ByteString& data) { return ProcessPlainData(CLBytesEncoder(data)); }
+int CSecureTunnel::ProcessPlainData(const ByteString& data) {
+  ByteString record;
+  ByteReader answer;
+  if (ProcessPlainData(CLBytesEncoder(data), &record, &answer) != 0) return m_nErrorCode;
+  ByteString copy;
+  m_nErrorCode = answer.readBytes(answer.remaining(), &copy);
+  if (m_nErrorCode == 0) m_bsResponse = std::move(copy);
+  return m_nErrorCode;
+}
 
-int CSecureTunnel::ProcessPlainData(const CLEncoder& data) {
+int CSecureTunnel::ProcessPlainData(const CLEncoder& data, ByteString* record, ByteReader* answer) {
   using qva_text::kPlainDataMethod;
   if (!m_pSecureManager || !m_pSocketClient) return m_nErrorCode = BS_NO_MEMORY;
 
@@ -55,15 +65,15 @@ int CSecureTunnel::ProcessPlainData(const CLEncoder& data) {
     QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kSocketSendWhat, m_nErrorCode, m_pSocketClient->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
-  const ByteString answer = m_pSocketClient->TakeRecvData();
-  if (CheckAlert(answer) != 0) return m_nErrorCode;
+  *record = m_pSocketClient->TakeRecvData();
+  if (CheckAlert(*record) != 0) return m_nErrorCode;
 
-  m_nErrorCode = m_pSecureManager->ParsePlain(answer);
+  m_nErrorCode = m_pSecureManager->ParsePlain(*record, answer);
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kParsePlainWhat, m_nErrorCode, m_pSecureManager->GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kParsePlainWhat, m_nErrorCode,
+                    m_pSecureManager->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
-  m_bsResponse = m_pSecureManager->TakeOutput();
   return 0;
 }
 
