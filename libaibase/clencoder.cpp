@@ -8,6 +8,6 @@ int AppendEncoded(const CLEncoder& value, ByteString* dst) {
   ByteWriter w;
   w.reserve(held + length);
   if (held > 0) w.bytes(*dst);
-  value.Encode(&w);
+  if (w.status() == BS_OK) value.Encode(&w);
   return w.finish(dst);
 }

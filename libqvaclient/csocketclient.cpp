@@ -116,7 +116,7 @@ int CSocketClient::Write(const CLEncoder& payload) {
   const std::size_t length = payload.EncodedLength();
   ByteWriter w;
   w.reserve(4 + length).u32BE(static_cast<std::uint32_t>(length));
-  payload.Encode(&w);
+  if (w.status() == BS_OK) payload.Encode(&w);
   ByteString frame;
   const int rc = w.finish(&frame);
   if (rc != BS_OK) return rc;
