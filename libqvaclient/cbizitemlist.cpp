@@ -19,7 +19,19 @@ int cBizItemList::AddItem(const ByteString& item) {
 }
 
 int cBizItemList::AddItem(ByteString&& item) {
-  const std::size_t added = 4 + static_cast<std::size_t>(item.length());
+  // The block moves with the string, so the pointer taken here stays good.
+  const unsigned char* bytes = item.data();
+  const auto length = static_cast<std::size_t>(item.length());
+  return Add(Item{std::move(item), bytes, length});
+}
+
+int cBizItemList::AddBorrowedItem(const void* p, int n) {
+  if (!p || n < 0) n = 0;
+  return Add(Item{ByteString(), static_cast<const unsigned char*>(p), static_cast<std::size_t>(n)});
+}
+
+int cBizItemList::Add(Item&& item) {
+  const std::size_t added = 4 + item.length;
   // The items together stay within what one ByteString holds.
   if (added > kMaxEncodedLength - m_nItemsLength) return BS_NO_MEMORY;
   try {
@@ -46,7 +58,7 @@ int cBizItemList::AddItemFormat(const char* fmt, ...) {
 
 void cBizItemList::Encode(ByteWriter* w) const {
   w->u32BE(static_cast<std::uint32_t>(m_items.size()));
-  for (const ByteString& item : m_items) w->u32BE(static_cast<std::uint32_t>(item.length())).bytes(item);
+  for (const Item& item : m_items) w->u32BE(static_cast<std::uint32_t>(item.length)).bytes(item.bytes, item.length);
 }
 
 const ByteString& cBizItemList::GetBody() {

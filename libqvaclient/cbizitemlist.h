@@ -26,6 +26,9 @@ class cBizItemList : public CErrorTrace, public CLEncoder {
   // ByteString.
   int AddItem(const ByteString& item);
   int AddItem(ByteString&& item);
+  // Adds n bytes at p without copying them: they are read when the body is
+  // written and must stay unchanged until then. A negative n adds an empty item.
+  int AddBorrowedItem(const void* p, int n);
   // A zero-terminated text, without the terminator; null adds an empty item.
   int AddItem(const char* text);
   int AddItem(char byte);
@@ -46,7 +49,14 @@ class cBizItemList : public CErrorTrace, public CLEncoder {
   static int GetItem(const ByteString& body, int index, ByteString* out);
 
  private:
-  std::vector<ByteString> m_items;
+  struct Item {
+    ByteString owned;            // empty for a borrowed item
+    const unsigned char* bytes;  // owned's bytes, or the borrowed ones
+    std::size_t length;
+  };
+  int Add(Item&& item);
+
+  std::vector<Item> m_items;
   std::size_t m_nItemsLength;  // the items' encoding: 4 + length each
   ByteString m_bsBody;
 };

@@ -12,10 +12,11 @@ class cBizQVAClient : public CErrorTrace {
 
   // *request = item list [first, data] of a validation request.
   int MakeRequestValidData(const ByteString& first, const ByteString& data, ByteString* request);
-  // The same list, its items taken over, left unwritten: the caller encodes
-  // it where it is sent from. *request is expected empty.
-  int MakeRequestValidData(ByteString&& first, ByteString&& data, cBizItemList* request);
+  // The same list, left unwritten for the caller to encode where it is sent
+  // from; the data is borrowed (see cBizItemList::AddBorrowedItem), first is
+  // taken over. *request is expected empty.
+  int MakeRequestValidData(ByteString&& first, const unsigned char* data, int dataLength, cBizItemList* request);
   // *request = item list [cert] of a certificate registration.
   int MakeRequestRegisterCert(const ByteString& cert, ByteString* request);
-  int MakeRequestRegisterCert(ByteString&& cert, cBizItemList* request);
+  int MakeRequestRegisterCert(const unsigned char* cert, int certLength, cBizItemList* request);
 };

@@ -56,10 +56,9 @@ int CQVAClientAPI::Init(const char* serverAddress, int serverPort, const char* r
 int CQVAClientAPI::API_Verify(const char* firstItem, const unsigned char* data, int dataLength) {
   ClearError();  // the general text is kept: it still names the last failure
   cBizQVAClient biz;
-  // The one copy of the caller's data; every layer after it writes it once
-  // more, into the frame.
+  // The caller's data is read in place and copied once, into the frame.
   cBizItemList request;
-  const int rc = biz.MakeRequestValidData(ByteString(firstItem), ByteString(data, dataLength), &request);
+  const int rc = biz.MakeRequestValidData(ByteString(firstItem), data, dataLength, &request);
   return SendRequest(MSG_TYPE_VERIFY, rc, biz, request);
 }
 
@@ -67,7 +66,7 @@ int CQVAClientAPI::API_RegisterCert(const unsigned char* cert, int certLength) {
   ClearError();
   cBizQVAClient biz;
   cBizItemList request;
-  const int rc = biz.MakeRequestRegisterCert(ByteString(cert, certLength), &request);
+  const int rc = biz.MakeRequestRegisterCert(cert, certLength, &request);
   return SendRequest(MSG_TYPE_REGISTER_CERT, rc, biz, request);
 }
 

@@ -30,7 +30,11 @@ TEST(ItemList, AddedItemsReadBack) {
   EXPECT_EQ(list.AddItem('\x07'), 0);
   EXPECT_EQ(list.AddItemFormat("%d-%s", 42, "x"), 0);
   EXPECT_EQ(list.AddItem(ByteString("")), 0);  // an empty item is still counted
-  EXPECT_EQ(ToHex(list.GetBody()), ToHex(Hex("00000004 00000002 6869 00000001 07 00000004 34322d78 00000000")));
+  EXPECT_EQ(list.AddBorrowedItem("xyz", 2), 0);
+  EXPECT_EQ(list.AddBorrowedItem("q", -1), 0);  // a negative length borrows nothing
+  EXPECT_EQ(list.AddBorrowedItem(nullptr, 5), 0);
+  EXPECT_EQ(ToHex(list.GetBody()), ToHex(Hex("00000007 00000002 6869 00000001 07 00000004 34322d78 00000000"
+                                             "00000002 7879 00000000 00000000")));
 
   cBizItemList many;
   std::vector<ByteString> items;
