@@ -14,5 +14,6 @@ int CLHandshake::MakeHandshake(int version, int handshakeType, const ByteString&
 }
 
 int CLHandshake::ParseHandshake(const ByteString& record) {
-  return ParseRecord(record, &m_nHandshakeType, cl_text::kHandshakeParseMethod, cl_text::kHandshakeWhat, ERR_HANDSHAKE_PARSE);
+  return ParseRecord(record, &m_nHandshakeType, cl_text::kHandshakeParseMethod, cl_text::kHandshakeWhat,
+                     ERR_HANDSHAKE_PARSE);
 }

@@ -114,7 +114,8 @@ int CLRoamingMessage::MakeRoamingMessage(std::uint8_t type, std::uint8_t status,
                                          const ByteString* reference, const ByteString* body) {
   const ByteString none;
   const CLBytesEncoder bodyBytes(body ? *body : none);
-  const int rc = Commit(CLRoamingEncoder(type, status, identifier, reference, body ? &bodyBytes : nullptr), type, status);
+  const CLRoamingEncoder encoding(type, status, identifier, reference, body ? &bodyBytes : nullptr);
+  const int rc = Commit(encoding, type, status);
   if (rc != BS_OK) return rc;
   CopyIfPresent(&m_bsIdentifier, identifier);
   CopyIfPresent(&m_bsReference, reference);

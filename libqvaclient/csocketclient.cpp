@@ -76,7 +76,8 @@ int CSocketClient::SocketConnect(const ByteString& host, int port) {
   std::uint32_t addr = 0;
   if (!qva_net::ResolveHost(host.c_str(), &addr)) {
     m_nErrorCode = ERR_SOCKET_RESOLVE;
-    QVA_ERROR_TRACE(qva_text::kSocketConnectMethod, qva_text::kResolveWhat, ERR_SOCKET_RESOLVE, qva_text::kResolveDetail);
+    QVA_ERROR_TRACE(qva_text::kSocketConnectMethod, qva_text::kResolveWhat, ERR_SOCKET_RESOLVE,
+                    qva_text::kResolveDetail);
     return ERR_SOCKET_RESOLVE;
   }
   if (qva_net::ConnectSocket(m_hSocket, addr, static_cast<std::uint16_t>(port)) != 0) {

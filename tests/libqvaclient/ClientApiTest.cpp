@@ -157,7 +157,8 @@ TEST(ClientApi, EachLayerRefusesWhatOutgrowsOneBuffer) {
        request + "CSecureTunnel::ProcessPlainData - m_pSecureManager->MakePlainData(2)\r\n"
                  "CLSecureManager::MakePlainData - plain.MakePlain(2)\r\n"},
       {max - 26, true,
-       request + "CSecureTunnel::ProcessPlainData - m_pSocketClient->Send fail(2)\r\nCSocketClient::Send - Send(2)\r\n"},
+       request + "CSecureTunnel::ProcessPlainData - m_pSocketClient->Send fail(2)\r\n"
+                 "CSocketClient::Send - Send(2)\r\n"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.length);
