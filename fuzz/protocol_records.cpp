@@ -45,6 +45,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check<CLPlain>(
       input, 0x14, 130, [](CLPlain& r, const ByteString& b) { return r.ParsePlain(b); },
       [](CLPlain& r, CLPlain& in) { return r.MakePlain(static_cast<int>(in.GetVersion()), in.GetData()); });
+  // Read in place: the same outcome, and the view is the data a copy holds.
+  CLPlain copied, viewed;
+  ByteReader view;
+  const int rc = copied.ParsePlain(input);
+  if (viewed.ParsePlain(input, &view) != rc ||
+      (rc == 0 && ByteString(view.data(), static_cast<int>(view.remaining())) != copied.GetData()))
+    std::abort();
   Check<CLAlert>(
       input, 0x15, 120, [](CLAlert& r, const ByteString& b) { return r.ParseAlert(b); },
       [](CLAlert& r, CLAlert& in) { return r.MakeAlert(static_cast<int>(in.GetVersion()), in.GetData()); });

@@ -23,6 +23,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } else if (rc != 191) {
     std::abort();
   }
+  // Read from a view of the same bytes: the same outcome and fields.
+  CLRoamingMessage inPlace;
+  if (inPlace.ParseRoamingMessage(ByteReader(input)) != rc ||
+      (rc == 0 && (inPlace.GetBody() != in.GetBody() || inPlace.GetReference() != in.GetReference() ||
+                   inPlace.GetIdentifier() != in.GetIdentifier())))
+    std::abort();
 
   CLRoamingMessage ex;
   const int rcEx = ex.ParseRoamingMessageEx(&input);

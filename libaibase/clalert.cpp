@@ -1,6 +1,7 @@
 #include "libaibase/clalert.h"
 
 #include "base/ErrorCodes.h"
+#include "libaibase/clmessages.h"
 
 CLAlert::CLAlert() : CLRecord(RECORD_ALERT) {}
 
@@ -9,5 +10,5 @@ CLAlert::~CLAlert() = default;
 int CLAlert::MakeAlert(int version, const ByteString& data) { return MakeRecord(version, kNoHandshakeType, data); }
 
 int CLAlert::ParseAlert(const ByteString& record) {
-  return ParseRecord(record, nullptr, "CLAlert::ParseAlert", "Alert Message", ERR_ALERT_PARSE);
+  return ParseRecord(record, nullptr, cl_text::kAlertParseMethod, cl_text::kAlertWhat, ERR_ALERT_PARSE);
 }

@@ -1,6 +1,7 @@
 #include "libaibase/clapplicationdata.h"
 
 #include "base/ErrorCodes.h"
+#include "libaibase/clmessages.h"
 
 CLApplicationData::CLApplicationData() : CLRecord(RECORD_APPLICATION_DATA) {}
 
@@ -11,6 +12,6 @@ int CLApplicationData::MakeApplicationData(int version, const ByteString& data) 
 }
 
 int CLApplicationData::ParseApplicationData(const ByteString& record) {
-  return ParseRecord(record, nullptr, "CLApplicationData::ParseApplicationData", "Application Data Message",
+  return ParseRecord(record, nullptr, cl_text::kApplicationDataParseMethod, cl_text::kApplicationDataWhat,
                      ERR_APPLICATION_DATA_PARSE);
 }

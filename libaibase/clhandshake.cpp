@@ -1,6 +1,7 @@
 #include "libaibase/clhandshake.h"
 
 #include "base/ErrorCodes.h"
+#include "libaibase/clmessages.h"
 
 CLHandshake::CLHandshake() : CLRecord(RECORD_HANDSHAKE), m_nHandshakeType(0) {}
 
@@ -13,5 +14,6 @@ int CLHandshake::MakeHandshake(int version, int handshakeType, const ByteString&
 }
 
 int CLHandshake::ParseHandshake(const ByteString& record) {
-  return ParseRecord(record, &m_nHandshakeType, "CLHandshake::ParseHandshake", "Secure Message", ERR_HANDSHAKE_PARSE);
+  return ParseRecord(record, &m_nHandshakeType, cl_text::kHandshakeParseMethod, cl_text::kHandshakeWhat,
+                     ERR_HANDSHAKE_PARSE);
 }

@@ -13,5 +13,7 @@ class CLPlain : public CLRecord {
   int MakePlain(int version, const ByteString& data);
   // 0, or 130 "Plain Message" when 10 + N is not the record's length.
   int ParsePlain(const ByteString& record);
+  // The same; on success *data views the data inside record instead of a copy.
+  int ParsePlain(const ByteString& record, ByteReader* data);
   static bool IsPlain(const ByteString& record) { return HasContentType(record, RECORD_PLAIN); }
 };

@@ -4,13 +4,33 @@
 
 #include "base/ByteReader.h"
 #include "base/ErrorCodes.h"
-#include "libaibase/clwriterutil.h"
 
 namespace {
 
 constexpr std::size_t kHeaderSize = 6;
 
 }  // namespace
+
+CLRecordEncoder::CLRecordEncoder(int contentType, int version, const CLEncoder& data)
+    : CLRecordEncoder(contentType, version, -1, data) {}
+
+CLRecordEncoder::CLRecordEncoder(int contentType, int version, int handshakeType, const CLEncoder& data)
+    : m_nContentType(static_cast<std::uint8_t>(contentType)),
+      m_nVersion(static_cast<std::uint8_t>(version)),
+      m_nHandshakeType(handshakeType),
+      m_data(data) {}
+
+std::size_t CLRecordEncoder::EncodedLength() const {
+  return kHeaderSize + (m_nHandshakeType >= 0 ? 1 : 0) + 4 + m_data.EncodedLength();
+}
+
+void CLRecordEncoder::Encode(ByteWriter* w) const {
+  const std::size_t dataLength = m_data.EncodedLength();
+  w->u8(m_nContentType).u8(m_nVersion).u32BE(static_cast<std::uint32_t>(EncodedLength() - kHeaderSize));
+  if (m_nHandshakeType >= 0) w->u8(static_cast<std::uint8_t>(m_nHandshakeType));
+  w->u32BE(static_cast<std::uint32_t>(dataLength));
+  m_data.Encode(w);
+}
 
 CLRecord::CLRecord(int contentType) : m_nContentType(0), m_nVersion(0), m_nOwnType(contentType) {}
 
@@ -27,32 +47,39 @@ bool CLRecord::HasContentType(const ByteString& record, int contentType) {
 int CLRecord::MakeRecord(int version, int handshakeType, const ByteString& data) {
   if (version < 0 || version > 255) return ERR_RECORD_VERSION;
 
-  const auto dataLength = static_cast<std::uint32_t>(data.length());
-  ByteWriter body;
-  body.reserve(5 + static_cast<std::size_t>(dataLength));
-  if (handshakeType >= 0) body.u8(static_cast<std::uint8_t>(handshakeType));
-  body.u32BE(dataLength).bytes(data);
-  const std::size_t bodySize = body.size();
-  int rc = AppendWritten(&body, &m_bsBody);
+  const CLBytesEncoder bytes(data);
+  const CLRecordEncoder encoding(m_nOwnType, version, handshakeType, bytes);
+  const std::size_t recordSize = encoding.EncodedLength();
+  if (recordSize > kMaxEncodedLength) return BS_NO_MEMORY;
+  const int keptRecord = m_bsRecord.length(), keptHeader = m_bsHeader.length();
+  int rc = AppendEncoded(encoding, &m_bsRecord);
   if (rc != BS_OK) return rc;
-
-  ByteWriter header;
-  header.u8(static_cast<std::uint8_t>(m_nOwnType))
-      .u8(static_cast<std::uint8_t>(version))
-      .u32BE(static_cast<std::uint32_t>(bodySize));
-  rc = AppendWritten(&header, &m_bsHeader);
-  if (rc != BS_OK) return rc;
-
-  // record += header + body of this Make (the last bodySize bytes of m_bsBody).
-  ByteWriter record;
-  record.reserve(kHeaderSize + bodySize)
-      .bytes(m_bsHeader.data() + m_bsHeader.length() - kHeaderSize, kHeaderSize)
-      .bytes(m_bsBody.data() + (m_bsBody.length() - static_cast<int>(bodySize)), bodySize);
-  return AppendWritten(&record, &m_bsRecord);
+  // header += the new record's first 6 bytes; body += the rest.
+  const unsigned char* made = m_bsRecord.data() + (m_bsRecord.length() - static_cast<int>(recordSize));
+  rc = m_bsHeader.append(made, static_cast<int>(kHeaderSize));
+  if (rc == BS_OK) rc = m_bsBody.append(made + kHeaderSize, static_cast<int>(recordSize - kHeaderSize));
+  if (rc != BS_OK) {
+    // A half-made record is taken back, so a failed Make changes nothing.
+    m_bsRecord.resize(keptRecord);
+    m_bsHeader.resize(keptHeader);
+  }
+  return rc;
 }
 
 int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
                           int code) {
+  ByteReader data;
+  int rc = ParseRecordInPlace(record, handshakeType, method, what, code, &data);
+  if (rc != 0) return rc;
+  ByteString copy;
+  rc = data.readBytes(data.remaining(), &copy);
+  if (rc != BS_OK) return m_nErrorCode = rc;
+  m_bsBody = std::move(copy);
+  return m_nErrorCode = 0;
+}
+
+int CLRecord::ParseRecordInPlace(const ByteString& record, std::uint32_t* handshakeType, const char* method,
+                                 const char* what, int code, ByteReader* data) {
   ByteReader r(record);
   std::uint8_t type = 0, version = 0, hsType = 0;
   std::uint32_t bodyLength = 0, dataLength = 0;
@@ -74,9 +101,6 @@ int CLRecord::ParseRecord(const ByteString& record, std::uint32_t* handshakeType
     return code;
   }
   // The body-length field is read and deliberately not compared.
-  ByteString data;
-  const int rc = r.readBytes(dataLength, &data);
-  if (rc != BS_OK) return m_nErrorCode = rc;
-  m_bsBody = std::move(data);
+  *data = r;
   return m_nErrorCode = 0;
 }

@@ -12,8 +12,10 @@
 
 #include <cstdint>
 
+#include "base/ByteReader.h"
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
+#include "libaibase/clencoder.h"
 
 constexpr int RECORD_PLAIN = 0x14;
 constexpr int RECORD_ALERT = 0x15;
@@ -22,6 +24,22 @@ constexpr int RECORD_APPLICATION_DATA = 0x17;
 
 // Version written into every record the library makes.
 constexpr int RECORD_VERSION = 1;
+
+// One record around data held elsewhere (borrowed: it must outlive the
+// encoder). Callers check the version (0-255) and Fits() before encoding.
+class CLRecordEncoder final : public CLEncoder {
+ public:
+  CLRecordEncoder(int contentType, int version, const CLEncoder& data);
+  CLRecordEncoder(int contentType, int version, int handshakeType, const CLEncoder& data);
+  std::size_t EncodedLength() const override;
+  void Encode(ByteWriter* w) const override;
+
+ private:
+  std::uint8_t m_nContentType;
+  std::uint8_t m_nVersion;
+  int m_nHandshakeType;  // below 0: no handshake-type byte
+  const CLEncoder& m_data;
+};
 
 class CLRecord : public CErrorTrace {
  public:
@@ -45,15 +63,20 @@ class CLRecord : public CErrorTrace {
 
   static constexpr int kNoHandshakeType = -1;
 
-  // Appends body, header and record for data. handshakeType is
-  // kNoHandshakeType or 0-255 (checked by the caller). Returns 0, 100 for a
-  // version outside 0-255 (object untouched), or the store status.
+  // Appends record, header and body for data (the record written once, the
+  // other two taken from it). handshakeType is kNoHandshakeType or 0-255
+  // (checked by the caller). Returns 0, 100 for a version outside 0-255
+  // (object untouched), or the store status.
   int MakeRecord(int version, int handshakeType, const ByteString& data);
   // Reads the header and the data field. On a length mismatch (or a record
   // too short to hold its own header) records method/what with code and
   // returns code. handshakeType is null for records without that byte.
   int ParseRecord(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
                   int code);
+  // The same checks; on success *data views the data inside record (nothing
+  // is copied, and the object's data is left as it was).
+  int ParseRecordInPlace(const ByteString& record, std::uint32_t* handshakeType, const char* method, const char* what,
+                         int code, ByteReader* data);
 
   std::uint32_t m_nContentType;
   std::uint32_t m_nVersion;

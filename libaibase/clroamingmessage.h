@@ -18,9 +18,28 @@
 #include "base/ByteReader.h"
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
+#include "libaibase/clencoder.h"
 
 // Where ParseRoamingMessage leaves the raw bytes of a malformed answer.
 constexpr char kWrongRoamingMessageFile[] = "./wrongRoamingMessage.txt";
+
+// The short form over fields held elsewhere (borrowed: they must outlive the
+// encoder). A null identifier, reference or body is written as an empty one;
+// only the low 8 bits of the identifier's length are written.
+class CLRoamingEncoder final : public CLEncoder {
+ public:
+  CLRoamingEncoder(std::uint8_t type, std::uint8_t status, const ByteString* identifier, const ByteString* reference,
+                   const CLEncoder* body);
+  std::size_t EncodedLength() const override;
+  void Encode(ByteWriter* w) const override;
+
+ private:
+  std::uint8_t m_nType;
+  std::uint8_t m_nStatus;
+  const ByteString* m_pIdentifier;
+  const ByteString* m_pReference;
+  const CLEncoder* m_pBody;
+};
 
 class CLRoamingMessage : public CErrorTrace {
  public:
@@ -42,6 +61,9 @@ class CLRoamingMessage : public CErrorTrace {
   // which case the message is first written to kWrongRoamingMessageFile.
   int ParseRoamingMessage(const ByteString* message);
   int ParseRoamingMessage(const ByteString& message) { return ParseRoamingMessage(&message); }
+  // The same for bytes held elsewhere (for example the data of the record
+  // that carried the message, read in place).
+  int ParseRoamingMessage(ByteReader message);
 
   // The extended pair. The arguments take the reference before the extra
   // field, the wire carries the extra field first.
@@ -66,9 +88,9 @@ class CLRoamingMessage : public CErrorTrace {
   const ByteString& GetIdentifier() const { return m_bsIdentifier; }
 
  private:
-  // Appends what w wrote to the message and keeps type and status.
-  int Commit(ByteWriter* w, std::uint8_t type, std::uint8_t status);
-  int Malformed(const ByteString& message, bool dump);
+  // Appends the encoding to the message and keeps type and status.
+  int Commit(const CLEncoder& encoding, std::uint8_t type, std::uint8_t status);
+  int Malformed(const ByteReader& message, bool dump);
   int Fail(int code, const char* what);
 
   std::uint32_t m_nType;

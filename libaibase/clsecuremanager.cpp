@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "base/ByteString.h"
 #include "libaibase/clalert.h"
+#include "libaibase/clmessages.h"
 #include "libaibase/clplain.h"
 
 namespace {
@@ -43,25 +45,40 @@ ByteString CLSecureManager::TakeOutput() { return std::move(m_bsOutput); }
 
 int CLSecureManager::MakePlainData(const ByteString& data) {
   return RunRecordOp<CLPlain>(
-      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::MakePlainData", "plain.MakePlain",
+      this, &m_nErrorCode, &m_bsOutput, cl_text::kManagerMakePlainMethod, cl_text::kManagerMakePlainWhat,
       [&](CLPlain& r) { return r.MakePlain(RECORD_VERSION, data); }, [](CLPlain& r) { return r.TakeRecord(); });
+}
+
+int CLSecureManager::CheckPlainData(const CLEncoder& data) {
+  if (PlainRecord(data).Fits()) return m_nErrorCode = 0;
+  // The same failure MakePlainData reports for a record too long to store.
+  m_nErrorCode = BS_NO_MEMORY;
+  QVA_ERROR_TRACE(cl_text::kManagerMakePlainMethod, cl_text::kManagerMakePlainWhat, m_nErrorCode, "");
+  return m_nErrorCode;
 }
 
 int CLSecureManager::ParsePlain(const ByteString& record) {
   return RunRecordOp<CLPlain>(
-      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::ParsePlain", "plain.ParsePlain",
+      this, &m_nErrorCode, &m_bsOutput, cl_text::kManagerParsePlainMethod, cl_text::kManagerParsePlainWhat,
       [&](CLPlain& r) { return r.ParsePlain(record); }, [](CLPlain& r) { return r.TakeData(); });
+}
+
+int CLSecureManager::ParsePlain(const ByteString& record, ByteReader* data) {
+  ByteString untouched;
+  return RunRecordOp<CLPlain>(
+      this, &m_nErrorCode, &untouched, cl_text::kManagerParsePlainMethod, cl_text::kManagerParsePlainWhat,
+      [&](CLPlain& r) { return r.ParsePlain(record, data); }, [](CLPlain&) { return ByteString(); });
 }
 
 int CLSecureManager::MakeAlert(const ByteString& data) {
   return RunRecordOp<CLAlert>(
-      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::MakeAlert", "alert.MakeAlert",
+      this, &m_nErrorCode, &m_bsOutput, cl_text::kManagerMakeAlertMethod, cl_text::kManagerMakeAlertWhat,
       [&](CLAlert& r) { return r.MakeAlert(RECORD_VERSION, data); }, [](CLAlert& r) { return r.TakeRecord(); });
 }
 
 int CLSecureManager::ParseAlert(const ByteString& record) {
   return RunRecordOp<CLAlert>(
-      this, &m_nErrorCode, &m_bsOutput, "CLSecureManager::ParseAlert", "alert.ParseAlert",
+      this, &m_nErrorCode, &m_bsOutput, cl_text::kManagerParseAlertMethod, cl_text::kManagerParseAlertWhat,
       [&](CLAlert& r) { return r.ParseAlert(record); }, [](CLAlert& r) { return r.TakeData(); });
 }
 

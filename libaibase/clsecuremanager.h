@@ -14,6 +14,7 @@
 
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
+#include "libaibase/clrecord.h"
 
 class CLSecureManager : public CErrorTrace {
  public:
@@ -29,8 +30,18 @@ class CLSecureManager : public CErrorTrace {
 
   // Output = plain record (version 1) around data.
   int MakePlainData(const ByteString& data);
+  // The plain record (version 1) around data, written by the caller straight
+  // into its own buffer (the frame) instead of into the output.
+  static CLRecordEncoder PlainRecord(const CLEncoder& data) {
+    return CLRecordEncoder(RECORD_PLAIN, RECORD_VERSION, data);
+  }
+  // 0 when PlainRecord(data) can be stored; otherwise the status
+  // MakePlainData would return, with its trace.
+  int CheckPlainData(const CLEncoder& data);
   // Output = the data carried in a plain record.
   int ParsePlain(const ByteString& record);
+  // The same, the output left as it was: *data views the data inside record.
+  int ParsePlain(const ByteString& record, ByteReader* data);
   // Output = alert record (version 1) around data.
   int MakeAlert(const ByteString& data);
   // Output = the data carried in an alert record.

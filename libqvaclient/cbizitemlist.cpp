@@ -2,23 +2,45 @@
 
 #include <cstdarg>
 #include <cstdint>
+#include <new>
+#include <utility>
 
 #include "base/ByteReader.h"
 #include "base/ErrorCodes.h"
 
-cBizItemList::cBizItemList() : m_nItemCount(0) {}
+cBizItemList::cBizItemList() : m_nItemsLength(0) {}
 
 cBizItemList::~cBizItemList() = default;
 
 int cBizItemList::AddItem(const ByteString& item) {
-  ByteWriter w;
-  w.reserve(static_cast<std::size_t>(m_bsItems.length()) + 4 + static_cast<std::size_t>(item.length()))
-      .bytes(m_bsItems)
-      .u32BE(static_cast<std::uint32_t>(item.length()))
-      .bytes(item);
-  const int rc = w.finish(&m_bsItems);
-  if (rc == BS_OK) ++m_nItemCount;
-  return rc;
+  ByteString copy(item);
+  if (copy.length() != item.length()) return BS_NO_MEMORY;
+  return AddItem(std::move(copy));
+}
+
+int cBizItemList::AddItem(ByteString&& item) {
+  // The block moves with the string, so the pointer taken here stays good.
+  const unsigned char* bytes = item.data();
+  const auto length = static_cast<std::size_t>(item.length());
+  return Add(Item{std::move(item), bytes, length});
+}
+
+int cBizItemList::AddBorrowedItem(const void* p, int n) {
+  if (!p || n < 0) n = 0;
+  return Add(Item{ByteString(), static_cast<const unsigned char*>(p), static_cast<std::size_t>(n)});
+}
+
+int cBizItemList::Add(Item&& item) {
+  const std::size_t added = 4 + item.length;
+  // The items together stay within what one ByteString holds.
+  if (added > kMaxEncodedLength - m_nItemsLength) return BS_NO_MEMORY;
+  try {
+    m_items.push_back(std::move(item));
+  } catch (const std::bad_alloc&) {
+    return BS_NO_MEMORY;
+  }
+  m_nItemsLength += added;
+  return BS_OK;
 }
 
 int cBizItemList::AddItem(const char* text) { return AddItem(ByteString(text ? text : "")); }
@@ -31,15 +53,18 @@ int cBizItemList::AddItemFormat(const char* fmt, ...) {
   va_start(args, fmt);
   const int rc = item.formatV(fmt, args);
   va_end(args);
-  return rc != BS_OK ? rc : AddItem(item);
+  return rc != BS_OK ? rc : AddItem(std::move(item));
+}
+
+void cBizItemList::Encode(ByteWriter* w) const {
+  w->u32BE(static_cast<std::uint32_t>(m_items.size()));
+  for (const Item& item : m_items) w->u32BE(static_cast<std::uint32_t>(item.length)).bytes(item.bytes, item.length);
 }
 
 const ByteString& cBizItemList::GetBody() {
-  ByteWriter w;
-  w.reserve(4 + static_cast<std::size_t>(m_bsItems.length()))
-      .u32BE(static_cast<std::uint32_t>(m_nItemCount))
-      .bytes(m_bsItems);
-  w.finish(&m_bsBody);
+  // A body that cannot be stored leaves the one built before.
+  ByteString body;
+  if (AppendEncoded(*this, &body) == BS_OK) m_bsBody = std::move(body);
   return m_bsBody;
 }
 

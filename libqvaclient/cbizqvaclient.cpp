@@ -1,31 +1,38 @@
 #include "libqvaclient/cbizqvaclient.h"
 
-#include <initializer_list>
+#include <utility>
 
-#include "libqvaclient/cbizitemlist.h"
-
-namespace {
-
-int MakeItemBody(std::initializer_list<const ByteString*> items, ByteString* request) {
-  cBizItemList list;
-  for (const ByteString* item : items) {
-    const int rc = list.AddItem(*item);
-    if (rc != BS_OK) return rc;
-  }
-  *request = list.GetBody();
-  return request->status();
-}
-
-}  // namespace
+#include "libaibase/clencoder.h"
 
 cBizQVAClient::cBizQVAClient() = default;
 
 cBizQVAClient::~cBizQVAClient() = default;
 
 int cBizQVAClient::MakeRequestValidData(const ByteString& first, const ByteString& data, ByteString* request) {
-  return m_nErrorCode = MakeItemBody({&first, &data}, request);
+  cBizItemList list;
+  m_nErrorCode = MakeRequestValidData(ByteString(first), data.data(), data.length(), &list);
+  ByteString body;
+  if (m_nErrorCode == 0) m_nErrorCode = AppendEncoded(list, &body);
+  if (m_nErrorCode == 0) *request = std::move(body);
+  return m_nErrorCode;
+}
+
+int cBizQVAClient::MakeRequestValidData(ByteString&& first, const unsigned char* data, int dataLength,
+                                        cBizItemList* request) {
+  m_nErrorCode = request->AddItem(std::move(first));
+  if (m_nErrorCode == 0) m_nErrorCode = request->AddBorrowedItem(data, dataLength);
+  return m_nErrorCode;
 }
 
 int cBizQVAClient::MakeRequestRegisterCert(const ByteString& cert, ByteString* request) {
-  return m_nErrorCode = MakeItemBody({&cert}, request);
+  cBizItemList list;
+  m_nErrorCode = MakeRequestRegisterCert(cert.data(), cert.length(), &list);
+  ByteString body;
+  if (m_nErrorCode == 0) m_nErrorCode = AppendEncoded(list, &body);
+  if (m_nErrorCode == 0) *request = std::move(body);
+  return m_nErrorCode;
+}
+
+int cBizQVAClient::MakeRequestRegisterCert(const unsigned char* cert, int certLength, cBizItemList* request) {
+  return m_nErrorCode = request->AddBorrowedItem(cert, certLength);
 }

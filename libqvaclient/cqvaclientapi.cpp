@@ -2,20 +2,22 @@
 
 #include <climits>
 #include <cstdint>
+#include <utility>
 
+#include "base/ByteReader.h"
 #include "base/ErrorCodes.h"
 #include "base/Messages.h"
 #include "libaibase/clroamingmessage.h"
 #include "libqvaclient/cbizitemlist.h"
 #include "libqvaclient/cbizqvaclient.h"
 #include "libqvaclient/csecuretunnel.h"
+#include "libqvaclient/qvaclientmessages.h"
 
 namespace {
 
-constexpr char kVerifyMethod[] = "CQVAClientAPI::API_Verify";
-// The transport steps of ProcessMessage carry this tag; it stays as it is.
-constexpr char kTransportMethod[] = "CLRVSClientAPI::ProcessMessage";
-constexpr char kResultMethod[] = "CQVAClientAPI::ProcessMessage";
+using qva_text::kResultMethod;
+using qva_text::kTransportMethod;
+using qva_text::kVerifyMethod;
 
 // The C library's atoi reading (blanks skipped, optional sign, digits up to
 // the first other character, 0 when none), saturating instead of overflowing.
@@ -54,29 +56,27 @@ int CQVAClientAPI::Init(const char* serverAddress, int serverPort, const char* r
 int CQVAClientAPI::API_Verify(const char* firstItem, const unsigned char* data, int dataLength) {
   ClearError();  // the general text is kept: it still names the last failure
   cBizQVAClient biz;
-  const ByteString first(firstItem);
-  const ByteString bytes(data, dataLength);
-  ByteString request;
-  const int rc = biz.MakeRequestValidData(first, bytes, &request);
+  // The caller's data is read in place and copied once, into the frame.
+  cBizItemList request;
+  const int rc = biz.MakeRequestValidData(ByteString(firstItem), data, dataLength, &request);
   return SendRequest(MSG_TYPE_VERIFY, rc, biz, request);
 }
 
 int CQVAClientAPI::API_RegisterCert(const unsigned char* cert, int certLength) {
   ClearError();
   cBizQVAClient biz;
-  const ByteString bytes(cert, certLength);
-  ByteString request;
-  const int rc = biz.MakeRequestRegisterCert(bytes, &request);
+  cBizItemList request;
+  const int rc = biz.MakeRequestRegisterCert(cert, certLength, &request);
   return SendRequest(MSG_TYPE_REGISTER_CERT, rc, biz, request);
 }
 
 int CQVAClientAPI::SendRequest(int messageType, int buildResult, const CErrorTrace& builder,
-                               const ByteString& request) {
+                               const CLEncoder& request) {
   // Registration reports with the validation request's method and labels.
   m_nErrorCode = buildResult;
   if (m_nErrorCode != 0) {
     m_bsGeneralErrorMsg = qva_msg::kVerifyRequestFailed;
-    QVA_ERROR_TRACE(kVerifyMethod, "cBizQVAClient.MakeRequestValidData", m_nErrorCode, builder.GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kVerifyMethod, qva_text::kBuildRequestWhat, m_nErrorCode, builder.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
   ByteString response;
@@ -85,44 +85,52 @@ int CQVAClientAPI::SendRequest(int messageType, int buildResult, const CErrorTra
     m_bsGeneralErrorMsg = qva_msg::kVerifyRequestFailed;
     // The server's explanation stays the whole detail text.
     if (!m_bServerRefused)
-      QVA_ERROR_TRACE(kVerifyMethod, "ProcessMessage", m_nErrorCode, builder.GetErrorMsg().c_str());
+      QVA_ERROR_TRACE(kVerifyMethod, qva_text::kProcessMessageWhat, m_nErrorCode, builder.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
   return 0;
 }
 
-int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageType, const ByteString& request,
+int CQVAClientAPI::ProcessMessage(const ByteString& roamingID, int messageType, const ByteString& request,
+                                  ByteString* response) {
+  return ProcessMessage(roamingID, messageType, CLBytesEncoder(request), response);
+}
+
+int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageType, const CLEncoder& request,
                                   ByteString* response) {
   m_bServerRefused = false;
-  CLRoamingMessage roaming;
-  m_nErrorCode =
-      roaming.MakeRoamingMessage(static_cast<std::uint8_t>(messageType), 0, &m_bsRoamingID, &m_bsRoamingID, &request);
-  if (m_nErrorCode > 0) {
-    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.MakeRoamingMessage", m_nErrorCode, roaming.GetErrorMsg().c_str());
+  // The envelope is not stored: the tunnel writes it, around the request,
+  // straight into the frame. Only its size can make it fail.
+  const CLRoamingEncoder roaming(static_cast<std::uint8_t>(messageType), 0, &m_bsRoamingID, &m_bsRoamingID,
+                                 &request);
+  if (!roaming.Fits()) {
+    m_nErrorCode = BS_NO_MEMORY;
+    QVA_ERROR_TRACE(kTransportMethod, qva_text::kMakeRoamingWhat, m_nErrorCode, "");
     return m_nErrorCode;
   }
 
-  ByteString answer;
+  // The answer record is kept whole and its roaming message read in place.
+  ByteString answerRecord;
+  ByteReader answer;
   {
     CSecureTunnel tunnel;
     m_nErrorCode = tunnel.Connect(m_bsServerAddress, m_nServerPort, m_bsServerAddress, m_nServerPort);
     if (m_nErrorCode > 0) {
-      QVA_ERROR_TRACE(kTransportMethod, "secureTunnel.Connect", m_nErrorCode, tunnel.GetErrorMsg().c_str());
+      QVA_ERROR_TRACE(kTransportMethod, qva_text::kTunnelConnectWhat, m_nErrorCode, tunnel.GetErrorMsg().c_str());
       return m_nErrorCode;
     }
-    m_nErrorCode = tunnel.Request(roaming.GetMessage());
+    m_nErrorCode = tunnel.Request(roaming, &answerRecord, &answer);
     if (m_nErrorCode > 0) {
-      QVA_ERROR_TRACE(kTransportMethod, "secureTunnel.Request", m_nErrorCode, tunnel.GetErrorMsg().c_str());
+      QVA_ERROR_TRACE(kTransportMethod, qva_text::kTunnelRequestWhat, m_nErrorCode, tunnel.GetErrorMsg().c_str());
       return m_nErrorCode;
     }
     tunnel.Disconnect();
-    answer = tunnel.TakeResponse();
   }
 
   CLRoamingMessage reply;
   m_nErrorCode = reply.ParseRoamingMessage(answer);
   if (m_nErrorCode > 0) {
-    QVA_ERROR_TRACE(kTransportMethod, "roamingMessage.ParseRoamingMessage", m_nErrorCode, reply.GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kTransportMethod, qva_text::kParseRoamingWhat, m_nErrorCode, reply.GetErrorMsg().c_str());
     return m_nErrorCode;
   }
 
@@ -134,12 +142,12 @@ int CQVAClientAPI::ProcessMessage(const ByteString& /*roamingID*/, int messageTy
   cBizItemList::GetItem(*response, 0, &item0);
 
   if (result != 0) {
-    QVA_ERROR_TRACE(kResultMethod, "Roaming Message Result Fail", result, item0.c_str());
+    QVA_ERROR_TRACE(kResultMethod, qva_text::kResultFailWhat, result, item0.c_str());
     return result;
   }
   if (cBizItemList::GetItemCount(*response) < 1) {
     m_nErrorCode = ERR_ITEM_COUNT_ZERO;
-    QVA_ERROR_TRACE(kResultMethod, "", ERR_ITEM_COUNT_ZERO, "item count is zero!!");
+    QVA_ERROR_TRACE(kResultMethod, qva_text::kNoItemWhat, ERR_ITEM_COUNT_ZERO, qva_text::kNoItemDetail);
     return ERR_ITEM_COUNT_ZERO;
   }
   m_nErrorCode = DecimalValue(item0.c_str());

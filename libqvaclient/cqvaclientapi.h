@@ -6,6 +6,7 @@
 
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
+#include "libaibase/clencoder.h"
 
 class CQVAClientAPI : public CErrorTrace {
  public:
@@ -27,6 +28,8 @@ class CQVAClientAPI : public CErrorTrace {
   // the server's result, or the failure's code. roamingID is accepted for
   // the caller's symmetry; the member is what is sent.
   int ProcessMessage(const ByteString& roamingID, int messageType, const ByteString& request, ByteString* response);
+  // The same for a request that is written straight into the frame.
+  int ProcessMessage(const ByteString& roamingID, int messageType, const CLEncoder& request, ByteString* response);
 
   const ByteString& GetGeneralErrorMsg() const { return m_bsGeneralErrorMsg; }
   const ByteString& GetDetailErrorMsg() const { return m_bsErrorMsg; }
@@ -34,7 +37,7 @@ class CQVAClientAPI : public CErrorTrace {
  private:
   // Runs ProcessMessage for a request body built by builder; on failure sets
   // the general text and (unless the server explained it) adds this level's line.
-  int SendRequest(int messageType, int buildResult, const CErrorTrace& builder, const ByteString& request);
+  int SendRequest(int messageType, int buildResult, const CErrorTrace& builder, const CLEncoder& request);
 
   ByteString m_bsServerAddress;
   int m_nServerPort;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/ErrorCodes.h"
+#include "libqvaclient/qvaclientmessages.h"
 
 CSecureTunnel::CSecureTunnel()
     : m_pSecureManager(new (std::nothrow) CLSecureManager(nullptr, nullptr)),
@@ -18,46 +19,61 @@ int CSecureTunnel::Connect(const ByteString& host1, int port1, const ByteString&
   if (!m_pSocketClient) return m_nErrorCode = BS_NO_MEMORY;
   m_nErrorCode = m_pSocketClient->Connect(host1, port1, host2, port2);
   if (m_nErrorCode > 0)
-    QVA_ERROR_TRACE("CSecureTunnel::Connect", "m_pSocketClient->Connect", m_nErrorCode,
+    QVA_ERROR_TRACE(qva_text::kTunnelConnectMethod, qva_text::kSocketConnectWhat, m_nErrorCode,
                     m_pSocketClient->GetErrorMsg().c_str());
   return m_nErrorCode;
 }
 
 int CSecureTunnel::Request(const ByteString& data) { return m_nErrorCode = ProcessPlainData(data); }
 
+int CSecureTunnel::Request(const CLEncoder& data, ByteString* record, ByteReader* answer) {
+  return m_nErrorCode = ProcessPlainData(data, record, answer);
+}
+
 int CSecureTunnel::CheckAlert(const ByteString& record) {
   if (!CLSecureManager::IsAlert(record)) return 0;
-  // The tag is the handshake driver's, shared by every exchange that meets an alert.
   const char* text = m_pSecureManager->ParseAlert(record) == 0 ? m_pSecureManager->GetOutput().c_str() : nullptr;
   m_nErrorCode = ERR_ALERT_FROM_SERVER;
-  QVA_ERROR_TRACE("CSecureTunnel::ProcessHandshake", "Alert Message from Server.", ERR_ALERT_FROM_SERVER, text);
+  QVA_ERROR_TRACE(qva_text::kHandshakeMethod, qva_text::kAlertFromServer, ERR_ALERT_FROM_SERVER, text);
   return ERR_ALERT_FROM_SERVER;
 }
 
 int CSecureTunnel::ProcessPlainData(const ByteString& data) {
-  constexpr char kMethod[] = "CSecureTunnel::ProcessPlainData";
+  ByteString record;
+  ByteReader answer;
+  if (ProcessPlainData(CLBytesEncoder(data), &record, &answer) != 0) return m_nErrorCode;
+  ByteString copy;
+  m_nErrorCode = answer.readBytes(answer.remaining(), &copy);
+  if (m_nErrorCode == 0) m_bsResponse = std::move(copy);
+  return m_nErrorCode;
+}
+
+int CSecureTunnel::ProcessPlainData(const CLEncoder& data, ByteString* record, ByteReader* answer) {
+  using qva_text::kPlainDataMethod;
   if (!m_pSecureManager || !m_pSocketClient) return m_nErrorCode = BS_NO_MEMORY;
 
-  m_nErrorCode = m_pSecureManager->MakePlainData(data);
+  // The record is not stored: the socket client writes it, around data,
+  // straight into the frame.
+  m_nErrorCode = m_pSecureManager->CheckPlainData(data);
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE(kMethod, "m_pSecureManager->MakePlainData", m_nErrorCode, m_pSecureManager->GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kMakePlainDataWhat, m_nErrorCode,
+                    m_pSecureManager->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
-  const ByteString record = m_pSecureManager->TakeOutput();
-  m_nErrorCode = m_pSocketClient->Send(record);
+  m_nErrorCode = m_pSocketClient->Send(CLSecureManager::PlainRecord(data));
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE(kMethod, "m_pSocketClient->Send fail", m_nErrorCode, m_pSocketClient->GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kSocketSendWhat, m_nErrorCode, m_pSocketClient->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
-  const ByteString answer = m_pSocketClient->TakeRecvData();
-  if (CheckAlert(answer) != 0) return m_nErrorCode;
+  *record = m_pSocketClient->TakeRecvData();
+  if (CheckAlert(*record) != 0) return m_nErrorCode;
 
-  m_nErrorCode = m_pSecureManager->ParsePlain(answer);
+  m_nErrorCode = m_pSecureManager->ParsePlain(*record, answer);
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE(kMethod, "m_pSecureManager->ParsePlain", m_nErrorCode, m_pSecureManager->GetErrorMsg().c_str());
+    QVA_ERROR_TRACE(kPlainDataMethod, qva_text::kParsePlainWhat, m_nErrorCode,
+                    m_pSecureManager->GetErrorMsg().c_str());
     return m_nErrorCode;
   }
-  m_bsResponse = m_pSecureManager->TakeOutput();
   return 0;
 }
 

@@ -27,6 +27,12 @@ class CSecureTunnel : public CErrorTrace {
   // One plain exchange; 0 with the answer's data in GetResponse().
   int Request(const ByteString& data);
   int ProcessPlainData(const ByteString& data);
+  // The same for data written straight into the frame (record and prefix
+  // around it, one buffer), without storing the answer: *record receives the
+  // answer record whole and *answer views its data in place (valid while
+  // *record is neither changed nor destroyed).
+  int Request(const CLEncoder& data, ByteString* record, ByteReader* answer);
+  int ProcessPlainData(const CLEncoder& data, ByteString* record, ByteReader* answer);
   const ByteString& GetResponse() const { return m_bsResponse; }
   ByteString TakeResponse();
   // Releases the manager and closes the socket; harmless when repeated.

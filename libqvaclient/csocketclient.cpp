@@ -9,6 +9,7 @@
 #include "base/ByteReader.h"
 #include "base/ErrorCodes.h"
 #include "base/platform/SystemError.h"
+#include "libqvaclient/qvaclientmessages.h"
 #include "libqvaclient/platform/socket_platform.h"
 
 namespace {
@@ -89,15 +90,16 @@ int CSocketClient::SocketConnect(const ByteString& host, int port) {
   std::uint32_t addr = 0;
   if (!qva_net::ResolveHost(host.c_str(), &addr)) {
     m_nErrorCode = ERR_SOCKET_RESOLVE;
-    QVA_ERROR_TRACE("CSocketClient::SocketConnect", "inet_addr fail", ERR_SOCKET_RESOLVE, "INADDR_NONE");
+    QVA_ERROR_TRACE(qva_text::kSocketConnectMethod, qva_text::kResolveWhat, ERR_SOCKET_RESOLVE,
+                    qva_text::kResolveDetail);
     return ERR_SOCKET_RESOLVE;
   }
   if (qva_net::ConnectSocket(m_hSocket, addr, static_cast<std::uint16_t>(port)) != 0) {
     ByteString system, detail;
     SystemErrorText(qva_net::LastError(), &system);
-    detail.format("[%s:%d][%s] - connect fail", host.c_str(), port, system.c_str());
+    detail.format(qva_text::kConnectDetailFormat, host.c_str(), port, system.c_str(), qva_text::kConnectWhat);
     m_nErrorCode = ERR_SOCKET_CONNECT;
-    QVA_ERROR_TRACE("CSocketClient::SocketConnect", "connect fail", ERR_SOCKET_CONNECT, detail.c_str());
+    QVA_ERROR_TRACE(qva_text::kSocketConnectMethod, qva_text::kConnectWhat, ERR_SOCKET_CONNECT, detail.c_str());
     return ERR_SOCKET_CONNECT;
   }
   // Not writable in time: reported by code alone, without a trace line.
@@ -105,25 +107,31 @@ int CSocketClient::SocketConnect(const ByteString& host, int port) {
   return m_nErrorCode = 0;
 }
 
-int CSocketClient::Send(const ByteString& payload) {
+int CSocketClient::Send(const ByteString& payload) { return Send(CLBytesEncoder(payload)); }
+
+int CSocketClient::Write(const ByteString& payload) { return Write(CLBytesEncoder(payload)); }
+
+int CSocketClient::Send(const CLEncoder& payload) {
   m_nErrorCode = Write(payload);
   if (m_nErrorCode >= 1) {
-    QVA_ERROR_TRACE("CSocketClient::Send", "Send", m_nErrorCode, nullptr);
+    QVA_ERROR_TRACE(qva_text::kSendMethod, qva_text::kSendWhat, m_nErrorCode, nullptr);
     return m_nErrorCode;
   }
   m_nErrorCode = Recv();
   if (m_nErrorCode > 0) {
-    QVA_ERROR_TRACE("CSocketClient::Send", "Recv", m_nErrorCode, nullptr);
+    QVA_ERROR_TRACE(qva_text::kSendMethod, qva_text::kRecvWhat, m_nErrorCode, nullptr);
     return m_nErrorCode;
   }
   return 0;
 }
 
-int CSocketClient::Write(const ByteString& payload) {
+int CSocketClient::Write(const CLEncoder& payload) {
+  // One buffer of the frame's size; a payload too long for it fails the
+  // reserve, so its length is never cut to 4 bytes on the wire.
+  const std::size_t length = payload.EncodedLength();
   ByteWriter w;
-  w.reserve(4 + static_cast<std::size_t>(payload.length()))
-      .u32BE(static_cast<std::uint32_t>(payload.length()))
-      .bytes(payload);
+  w.reserve(4 + length).u32BE(static_cast<std::uint32_t>(length));
+  if (w.status() == BS_OK) payload.Encode(&w);
   ByteString frame;
   const int rc = w.finish(&frame);
   if (rc != BS_OK) return rc;
@@ -131,7 +139,7 @@ int CSocketClient::Write(const ByteString& payload) {
   const std::size_t left =
       TransferAll(qva_net::SendSome, m_hSocket, frame.data(), static_cast<std::size_t>(frame.length()));
   if (left > 0) {
-    TraceSystemError("CSocketClient::Write", "send fail", ERR_SOCKET_SEND, qva_net::LastError());
+    TraceSystemError(qva_text::kWriteMethod, qva_text::kSendFailWhat, ERR_SOCKET_SEND, qva_net::LastError());
     return ERR_SOCKET_SEND;
   }
   return 0;
@@ -142,7 +150,7 @@ int CSocketClient::Recv() {
   // short, its missing bytes counting as zero.
   unsigned char prefix[4] = {0, 0, 0, 0};
   if (qva_net::RecvSome(m_hSocket, prefix, sizeof prefix) < 1) {
-    TraceSystemError("CSocketClient::Recv", "recv fail", ERR_SOCKET_RECV, qva_net::LastError());
+    TraceSystemError(qva_text::kRecvMethod, qva_text::kRecvFailWhat, ERR_SOCKET_RECV, qva_net::LastError());
     return ERR_SOCKET_RECV;
   }
   ByteReader pr(prefix, sizeof prefix);
@@ -157,12 +165,12 @@ int CSocketClient::Recv() {
     buffer.reset(static_cast<unsigned char*>(allocate(static_cast<std::size_t>(size), 1)));
   }
   if (!buffer) {
-    QVA_ERROR_TRACE("CSocketClient::Recv", "calloc fail", ERR_SOCKET_CALLOC, nullptr);
+    QVA_ERROR_TRACE(qva_text::kRecvMethod, qva_text::kCallocFailWhat, ERR_SOCKET_CALLOC, nullptr);
     return ERR_SOCKET_CALLOC;
   }
 
   if (TransferAll(qva_net::RecvSome, m_hSocket, buffer.get(), length) > 0) {
-    QVA_ERROR_TRACE("CSocketClient::Recv", "recv fail", ERR_SOCKET_RECV, nullptr);
+    QVA_ERROR_TRACE(qva_text::kRecvMethod, qva_text::kRecvFailWhat, ERR_SOCKET_RECV, nullptr);
     return ERR_SOCKET_RECV;
   }
   // A payload over what a ByteString holds cannot be stored: status 2.

@@ -8,6 +8,7 @@
 
 #include "base/ByteString.h"
 #include "base/CErrorTrace.h"
+#include "libaibase/clencoder.h"
 
 class CSocketClient : public CErrorTrace {
  public:
@@ -30,6 +31,9 @@ class CSocketClient : public CErrorTrace {
   int Send(const ByteString& payload);
   // Sends one frame. 0, 152, or the status of building the frame.
   int Write(const ByteString& payload);
+  // The same for a payload written straight into the frame's one buffer.
+  int Send(const CLEncoder& payload);
+  int Write(const CLEncoder& payload);
   // Receives one frame into GetRecvData(). 0, 150, 151, or the store status.
   int Recv();
   void Close();

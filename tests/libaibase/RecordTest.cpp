@@ -65,6 +65,14 @@ TEST(Record, VectorFile) {
       EXPECT_EQ(got.rc, std::stoi(v["Code"]));
       EXPECT_EQ(ToHex(got.rc == 0 ? got.data : ByteString()), ToHex(Hex(v["Data"])));
       EXPECT_EQ(got.trace, Unescape(v["Trace"]));
+      if (v["Kind"] == "Plain") {  // read in place: the same outcome, the data viewed
+        CLPlain p;
+        ByteReader data;
+        EXPECT_EQ(p.ParsePlain(record, &data), got.rc);
+        EXPECT_EQ(Str(p.GetErrorMsg()), got.trace);
+        const ByteString viewed(data.data(), static_cast<int>(data.remaining()));
+        EXPECT_EQ(ToHex(got.rc == 0 ? viewed : ByteString()), ToHex(got.data));
+      }
     } else if (v["Op"] == "type") {
       EXPECT_EQ(CLAlert::IsAlert(record), v["Alert"] == "true");
       EXPECT_EQ(CLPlain::IsPlain(record), v["Plain"] == "true");
@@ -84,6 +92,12 @@ TEST(Record, VectorFile) {
       EXPECT_EQ(plain ? m.ParsePlain(record) : m.ParseAlert(record), std::stoi(v["Code"]));
       EXPECT_EQ(m.GetErrorCode(), std::stoi(v["Code"]));
       EXPECT_EQ(Str(m.GetErrorMsg()), Unescape(v["Trace"]));
+      if (plain) {  // read in place: the same code and trace
+        CLSecureManager inPlace(nullptr, nullptr);
+        ByteReader data;
+        EXPECT_EQ(inPlace.ParsePlain(record, &data), std::stoi(v["Code"]));
+        EXPECT_EQ(Str(inPlace.GetErrorMsg()), Unescape(v["Trace"]));
+      }
     }
   }
 }

@@ -6,7 +6,9 @@
 #include <sstream>
 #include <string>
 
+#include "base/ErrorCodes.h"
 #include "base/Messages.h"
+#include "libqvaclient/cqvaclientapi.h"
 #include "libqvaclient/csocketclient.h"
 #include "qva/qva.h"
 #include "tests/libaibase/ScopedTempCwd.h"
@@ -22,6 +24,19 @@ const std::string kGeneral = qva_msg::kVerifyRequestFailed;
 const unsigned char kData[] = {0x01, 0x02, 0x03};
 
 void* NoMemory(std::size_t, std::size_t) { return nullptr; }
+
+// A request that only claims a length: writing it would be a fault.
+class ClaimedLength : public CLEncoder {
+ public:
+  explicit ClaimedLength(std::size_t n) : m_n(n) {}
+  std::size_t EncodedLength() const override { return m_n; }
+  void Encode(ByteWriter*) const override { m_bWritten = true; }
+  bool written() const { return m_bWritten; }
+
+ private:
+  std::size_t m_n;
+  mutable bool m_bWritten = false;
+};
 
 // A record's text: escapes resolved, {port} the closed port, {refused} and
 // {error 0} the system texts, which end in the line break Windows puts there.
@@ -111,4 +126,39 @@ TEST(ClientApi, ArgumentsTextBuffersAndTextsAcrossCalls) {
   EXPECT_EQ(GetText(QVA_GetGeneralErrorMsg, client), kGeneral);
   EXPECT_EQ(GetText(QVA_GetDetailErrorMsg, client), "");
   EXPECT_EQ(QVA_Release(client), 0);
+}
+
+// A request whose envelope, record or frame would not fit in one buffer is
+// refused by the layer it outgrows, with that layer's trace, before any
+// length could be cut short on the wire. Identifier and reference are "R":
+// the envelope adds 13 bytes, the record 10, the frame 4.
+TEST(ClientApi, EachLayerRefusesWhatOutgrowsOneBuffer) {
+  const std::size_t max = kMaxEncodedLength;
+  const std::string request = "CLRVSClientAPI::ProcessMessage - secureTunnel.Request(2)\r\n";
+  const struct {
+    std::size_t length;
+    bool connects;
+    std::string trace;
+  } rows[] = {
+      {max - 12, false, "CLRVSClientAPI::ProcessMessage - roamingMessage.MakeRoamingMessage(2)\r\n"},
+      {max - 22, true,
+       request + "CSecureTunnel::ProcessPlainData - m_pSecureManager->MakePlainData(2)\r\n"
+                 "CLSecureManager::MakePlainData - plain.MakePlain(2)\r\n"},
+      {max - 26, true,
+       request + "CSecureTunnel::ProcessPlainData - m_pSocketClient->Send fail(2)\r\n"
+                 "CSocketClient::Send - Send(2)\r\n"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.length);
+    FakeServer server(row.connects ? std::vector<qvatest::Answer>{{""}} : std::vector<qvatest::Answer>{});
+    CQVAClientAPI client;
+    client.Init("127.0.0.1", server.port(), "R");
+    const ClaimedLength claimed(row.length);
+    ByteString response("untouched");
+    EXPECT_EQ(client.ProcessMessage(ByteString("R"), MSG_TYPE_VERIFY, claimed, &response), 2);
+    EXPECT_EQ(qvatest::Str(client.GetDetailErrorMsg()), row.trace);
+    EXPECT_FALSE(claimed.written());
+    EXPECT_EQ(qvatest::Str(response), "untouched");
+    EXPECT_EQ(server.Requests().size(), row.connects ? 1u : 0u);
+  }
 }
