@@ -232,10 +232,11 @@ int StartSign(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, 
                          : EVP_DigestSignInit_ex(ctx->pMd, &pctx, mdName, LibCtx(), nullptr, ctx->key->pEvp, nullptr);
   if (ok != 1) return ECSP_INVALID_KEY;
   if (row->family == kRsaPss) {
-    // Salt as long as the digest when signing; any salt length is accepted
-    // when verifying, as other signers choose differently.
+    // The PSS codes stand for RSASSA-PSS-params with SHA-1, MGF1-SHA-1 and
+    // the default salt of 20 octets (RFC 8017 A.2.3). Verification takes the
+    // salt length as a parameter (RFC 8017 9.1.2), so any other is refused.
     if (EVP_PKEY_CTX_set_rsa_padding(pctx, RSA_PKCS1_PSS_PADDING) != 1 ||
-        EVP_PKEY_CTX_set_rsa_pss_saltlen(pctx, bVerify ? RSA_PSS_SALTLEN_AUTO : RSA_PSS_SALTLEN_DIGEST) != 1) {
+        EVP_PKEY_CTX_set_rsa_pss_saltlen(pctx, RSA_PSS_SALTLEN_DIGEST) != 1) {
       return ECSP_FAIL;
     }
   }
