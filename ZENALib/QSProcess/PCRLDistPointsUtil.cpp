@@ -42,7 +42,7 @@ int PCRLDistPointsUtil::getCRLIssuer(ByteString* out) {
     if (!dp.hasCRLIssuer()) continue;
     any = true;
     if (int rc = names.parseGeneralNames(dp.getCRLIssuer(), "\t", &m_bsCRLIssuer))
-      return P_FAIL("getCRLIssuer", "PGeneralNameUtil.parseGeneralNames", rc, names.GetErrorMsg().c_str());
+      return P_FAIL("getCRLIssuer", "PGeneralNameUtil.parseGeneralNames", rc, names.getErrorMessage().c_str());
   }
   if (!any) return P_FAIL("getCRLIssuer", "cRLIssuer", PCERT_ERR_ABSENT, "cRLIssuer does not exist.");
   *out = m_bsCRLIssuer;
@@ -64,7 +64,7 @@ int PCRLDistPointsUtil::makeDistributionPointMessage(ByteString* out) {
       if (name.isFullName()) {
         text += "\t Full Name: \r\n";
         if (int rc = names.parseGeneralNames(name.getFullName(), "\t", &text))
-          return P_FAIL(kMethod, "PGeneralNameUtil.parseGeneralNames", rc, names.GetErrorMsg().c_str());
+          return P_FAIL(kMethod, "PGeneralNameUtil.parseGeneralNames", rc, names.getErrorMessage().c_str());
       } else {
         text += "Issuer RDN \r\n";
         RRDNSequence rdn;
@@ -87,7 +87,7 @@ int PCRLDistPointsUtil::makeDistributionPointMessage(ByteString* out) {
       text += "CRL Issuer:\r\n";
       ByteString issuer;
       if (int rc = names.parseGeneralNames(dp.getCRLIssuer(), "\t", &issuer))
-        return P_FAIL(kMethod, "PGeneralNameUtil.parseGeneralNames", rc, names.GetErrorMsg().c_str());
+        return P_FAIL(kMethod, "PGeneralNameUtil.parseGeneralNames", rc, names.getErrorMessage().c_str());
       m_bsCRLIssuer = issuer;
       text += issuer;
     }

@@ -11,11 +11,11 @@
 #pragma once
 
 #include "ZENALib/ASN1Pkix/RCRLDistPointsSyntax.h"
-#include "ZENALib/QSProcess/PErrorTrace.h"
+#include "ZENALib/QSProcess/PTrace.h"
 
-class PCRLDistPointsUtil : public PErrorTrace {
+class PCRLDistPointsUtil : public PTrace {
  public:
-  PCRLDistPointsUtil() : PErrorTrace("PCRLDistPointsUtil") {}
+  PCRLDistPointsUtil() : PTrace("PCRLDistPointsUtil") {}
 
   // Decodes the extension value (the octets inside extnValue); 0 or the
   // decoder's code under field "crlDistributionPointsSyntax".

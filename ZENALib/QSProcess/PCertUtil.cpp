@@ -5,6 +5,7 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSCrypto/QSHash.h"
+#include "ZENALib/QSProcess/PAlgorithmUtil.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 
 namespace {
@@ -83,21 +84,6 @@ const char* NameOf(const AlgorithmName (&table)[N], const char* oid) {
   return nullptr;
 }
 
-// The hash of a signature algorithm, for the TBS digest.
-struct SignatureHash {
-  const char* oid;
-  int hash;
-};
-const SignatureHash kSignatureHashes[] = {
-    {"1 2 840 113549 1 1 5", QSAlgorithm::SHA1()},   {"1 2 840 10045 4 1", QSAlgorithm::SHA1()},
-    {"1 2 410 200004 1 9", QSAlgorithm::SHA1()},     {"1 2 410 200004 1 23", QSAlgorithm::SHA1()},
-    {"1 2 840 10040 4 3", QSAlgorithm::SHA1()},      {"1 2 840 113549 1 1 4", QSAlgorithm::MD5()},
-    {"1 2 840 113549 1 1 3", QSAlgorithm::MD4()},    {"1 2 840 113549 1 1 2", QSAlgorithm::MD2()},
-    {"1 2 410 200004 1 8", QSAlgorithm::HAS160()},   {"1 2 410 200004 1 22", QSAlgorithm::HAS160()},
-    {"1 2 410 200004 1 100 4 1", QSAlgorithm::HAS160()}, {"1 2 410 200004 1 20", QSAlgorithm::HAS160()},
-    {"1 2 840 113549 1 1 11", QSAlgorithm::SHA256()}, {"1 2 840 10045 4 3 2", QSAlgorithm::SHA256()},
-};
-
 ByteString OidOf(const ASN1ObjectIdentifier& oid) { return const_cast<ASN1ObjectIdentifier&>(oid).getOID(' '); }
 
 // The bits of a BIT STRING content without its unused-bits octet.
@@ -108,7 +94,7 @@ ByteString Bits(const ASN1BitString& b) {
 
 }  // namespace
 
-PCertUtil::PCertUtil() : PErrorTrace("PCertUtil") { clear(); }
+PCertUtil::PCertUtil() : PTrace("PCertUtil") { clear(); }
 PCertUtil::~PCertUtil() = default;
 
 void PCertUtil::clear() {
@@ -133,7 +119,8 @@ void PCertUtil::clear() {
 
 int PCertUtil::parseCertificate(const ByteString& bsCert) {
   clear();
-  ClearError();
+  m_nErrorCode = 0;
+  m_bsErrorMsg.clear();
   auto cert = std::make_unique<RCertificate>();
   if (int rc = cert->fromASN1Object(bsCert)) return P_FAIL("parseCertificate", "asnSeq", rc, cert->getErrorMessage().c_str());
 
@@ -544,10 +531,11 @@ int PCertUtil::getCertSignatureAlgorithmValue(const RAlgorithmIdentifier& alg, B
 int PCertUtil::getCertTBSCertificateHash(ByteString* pDigest, ByteString* pHashName) {
   static const char* kMethod = "getCertTBSCertificateHash";
   if (!m_pCert) return notParsed(kMethod);
-  const ByteString oid = OidOf(m_pSignatureAlgorithm->getAlgorithm());
+  RAlgorithmIdentifier alg(*m_pSignatureAlgorithm);
+  PAlgorithmUtil registry;
   int hash = 0;
-  for (const auto& s : kSignatureHashes)
-    if (std::strcmp(s.oid, oid.c_str()) == 0) hash = s.hash;
+  if (int rc = registry.getHashAlgFromSignAlg(alg.toASN1Object(), &hash))
+    return P_FAIL(kMethod, "PAlgorithmUtil.getHashAlgFromSignAlg", rc, registry.getErrorMessage().c_str());
   const char* name = hash == QSAlgorithm::SHA1()     ? "SHA1"
                      : hash == QSAlgorithm::HAS160() ? "HAS160"
                      : hash == QSAlgorithm::SHA256() ? "SHA256"

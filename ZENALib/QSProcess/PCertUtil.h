@@ -38,7 +38,7 @@
 #include "ZENALib/ASN1Pkix/RSubjectDirectoryAttributes.h"
 #include "ZENALib/ASN1Pkix/RSubjectInfoAccessSyntax.h"
 #include "ZENALib/QSProcess/PCertMessages.h"
-#include "ZENALib/QSProcess/PErrorTrace.h"
+#include "ZENALib/QSProcess/PTrace.h"
 
 // Room in the list of unrecognised extensions.
 constexpr int PCERT_MAX_UNKNOWN = 10;
@@ -60,7 +60,7 @@ constexpr int PCERT_KU_CRL_SIGN = 1 << 6;
 constexpr int PCERT_KU_ENCIPHER_ONLY = 1 << 7;
 constexpr int PCERT_KU_DECIPHER_ONLY = 1 << 8;
 
-class PCertUtil : public PErrorTrace {
+class PCertUtil : public PTrace {
  public:
   PCertUtil();
   ~PCertUtil();

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "ZENALib/ASN1Pkix/RCertificate.h"
-#include "ZENALib/QSProcess/PErrorTrace.h"
+#include "ZENALib/QSProcess/PTrace.h"
 
-class PCertUtil2 : public PErrorTrace {
+class PCertUtil2 : public PTrace {
  public:
-  PCertUtil2() : PErrorTrace("PCertUtil2") {}
+  PCertUtil2() : PTrace("PCertUtil2") {}
   // 0, or fails with "Wrong RDNSequence form." when the name cannot be written.
   int getSubjectDN(const RCertificate& cert, ByteString* out);
 };

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "ZENALib/ASN1Pkix/RExtKeyUsageSyntax.h"
-#include "ZENALib/QSProcess/PErrorTrace.h"
+#include "ZENALib/QSProcess/PTrace.h"
 
-class PExtKeyUsageUtil : public PErrorTrace {
+class PExtKeyUsageUtil : public PTrace {
  public:
-  PExtKeyUsageUtil() : PErrorTrace("PExtKeyUsageUtil") {}
+  PExtKeyUsageUtil() : PTrace("PExtKeyUsageUtil") {}
 
   // Decodes the extension value (the octets inside extnValue); 0 or the
   // decoder's code under field "extKeyUsage".

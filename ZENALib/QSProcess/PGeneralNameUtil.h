@@ -19,11 +19,11 @@
 #include "ZENALib/ASN1Pkix/RDirectoryString.h"
 #include "ZENALib/ASN1Pkix/RGeneralName.h"
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
-#include "ZENALib/QSProcess/PErrorTrace.h"
+#include "ZENALib/QSProcess/PTrace.h"
 
-class PGeneralNameUtil : public PErrorTrace {
+class PGeneralNameUtil : public PTrace {
  public:
-  PGeneralNameUtil() : PErrorTrace("PGeneralNameUtil") {}
+  PGeneralNameUtil() : PTrace("PGeneralNameUtil") {}
 
   // Each appends its text to out; 0 or the failing code (trace recorded).
   int parseGeneralName(const RGeneralName& name, ByteString* out);
