@@ -30,7 +30,7 @@ int Usage() {
       "       qva hex IN\n"
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
-      "       qva cert FILE\n",
+      "       qva cert [--verify ISSUER] FILE\n",
       stderr);
   return 2;
 }
