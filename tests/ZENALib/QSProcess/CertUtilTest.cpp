@@ -16,6 +16,7 @@
 #include "ZENALib/QSProcess/PCertUtil.h"
 #include "ZENALib/QSProcess/PCertUtil2.h"
 #include "ZENALib/QSProcess/PExtKeyUsageUtil.h"
+#include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "tests/ZENALib/QSProcess/ProcessTestUtil.h"
 
@@ -37,7 +38,7 @@ std::vector<std::string> DerFiles(const std::string& dir) {
 }
 
 const std::string& KoreanDir() {
-  static const std::string dir = qvatest::DataPath("../../../shared/vectors/korean-pki");
+  static const std::string dir = qvatest::DataPath("pkix/x509/korean");
   return dir;
 }
 
@@ -321,8 +322,7 @@ TEST(CertUtil, ValuesAgreeWithOpenssl) {
       ASSERT_EQ(0, dp.makeDistributionPointMessage(&message));
       std::string uris, ours;
       for (const auto& l : lines)
-        for (std::size_t at = l.find("URI:"); at != std::string::npos; at = l.find("URI:", at + 4))
-          uris += l.substr(at + 4, l.find_first_of(" ,", at) - at - 4) + "\n";
+        if (l.find("URI:") != std::string::npos) uris += l.substr(l.find("URI:") + 4) + "\n";
       const std::string m = message.c_str();
       for (std::size_t at = m.find("URL="); at != std::string::npos; at = m.find("URL=", at + 4))
         ours += m.substr(at + 4, m.find("\r\n", at) - at - 4) + "\n";
@@ -442,4 +442,42 @@ TEST(CertUtil, FailedParseLeavesObjectEmpty) {
   EXPECT_NE(nullptr, std::strstr(cert.getErrorMessage().c_str(), ", The m_pSubjectPublicKeyInfo is NULL."));
   int ku = 0;
   EXPECT_EQ(4096, cert.get_KeyUsage_value(&ku));
+}
+
+// The real Korean certificates verify against their issuers in the set (found
+// by name); any other certificate's key refuses them.
+TEST(CertUtil, KoreanSignaturesVerifyAgainstTheirIssuers) {
+  qvatest::TempDir dir;
+  std::vector<std::pair<ByteString, ByteString>> certs;  // DER, subject text
+  for (const std::string& path : AllCertificates(dir)) {
+    if (path.find("/korean/") == std::string::npos) continue;
+    PCertUtil c;
+    ByteString der = qvatest::ReadFileBs(path), subject;
+    ASSERT_EQ(0, c.parseCertificate(der));
+    ASSERT_EQ(0, c.getSubjectDN(&subject));
+    certs.emplace_back(der, subject);
+  }
+  int verified = 0;
+  for (const auto& [der, subject] : certs) {
+    PCertUtil c;
+    ByteString issuer, tbs, sig, digest, hashName;
+    ASSERT_EQ(0, c.parseCertificate(der));
+    ASSERT_EQ(0, c.getIssuerDN(&issuer));
+    ASSERT_EQ(0, c.getTBSCertificate(&tbs));
+    ASSERT_EQ(0, c.getSignature(&sig));
+    ASSERT_EQ(0, c.getCertTBSCertificateHash(&digest, &hashName));
+    const int hash = hashName == "SHA256" ? 1012 : 1011;
+    for (const auto& [issuerDer, issuerSubject] : certs) {
+      PPublicKey key;
+      const int rc = key.verifySignatureWithCert(issuerDer, hash, false, tbs, sig);
+      if (issuerSubject == issuer) {
+        SCOPED_TRACE(qvatest::Str(subject));
+        EXPECT_EQ(0, rc) << key.getErrorMessage().c_str();
+        ++verified;
+      } else if (issuerSubject != subject) {
+        EXPECT_NE(0, rc);
+      }
+    }
+  }
+  EXPECT_GT(verified, 40);
 }
