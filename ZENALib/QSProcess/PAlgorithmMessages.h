@@ -64,6 +64,10 @@ inline constexpr char kEncryptedKeyNot40[] = "Encrypted Key length is not 40.";
 inline constexpr char kChecksumDifferent[] = "Checksum is different.";
 inline constexpr char kOddParity[] = "Odd parity is incorrect.";
 inline constexpr char kWrapAlgNotSupported[] = "The algorithm(%d) is not supported.";
+// (the RC2 forms' own length checks)
+inline constexpr char kTBEKeyLength[] = "bsTBEKey length is not proper.";
+inline constexpr char kEncryptedKeyLength[] = "Encrypted Key length is not proper.";
+inline constexpr char kWrappedLength[] = "The wrapped key length is not proper.";
 
 // PGenKeyPair
 inline constexpr char kAlgoUnknown[] = "nAlgo(%d) is unknown algorithm.";

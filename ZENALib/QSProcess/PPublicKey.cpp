@@ -80,6 +80,30 @@ ByteString KcdsaCoreKey(const KeyParts& k) {
   return pkeyder::Sequence(body);
 }
 
+// The modulus length of an RSA SubjectPublicKeyInfo read by a bounded walk
+// of its outline, without building the structure objects (the common case
+// of a certificate check); false sends the caller to the full decode, which
+// also names what is wrong.
+bool RsaModulusLength(const ByteString& bsSPKI, int* pnLen) {
+  static const unsigned char kRsaOid[] = {0x06, 0x09, 0x2A, 0x86, 0x48, 0x86, 0xF7, 0x0D, 0x01, 0x01, 0x01};
+  pkeyder::Element spki, parts[2], alg[2], key, rsa[2];
+  if (!pkeyder::Read(bsSPKI.data(), bsSPKI.length(), &spki) || spki.n != bsSPKI.length() || spki.first != 0x30 ||
+      pkeyder::Components(spki, parts, 2) != 2 || parts[0].n + parts[1].n != spki.contentLength() ||
+      parts[0].first != 0x30 || parts[1].first != 0x03 || pkeyder::Components(parts[0], alg, 2) < 1 ||
+      alg[0].n != static_cast<int>(sizeof(kRsaOid)) ||
+      std::memcmp(alg[0].p, kRsaOid, sizeof(kRsaOid)) != 0 || parts[1].contentLength() < 2 ||
+      parts[1].content()[0] != 0) {
+    return false;
+  }
+  if (!pkeyder::Read(parts[1].content() + 1, parts[1].contentLength() - 1, &key) ||
+      key.n != parts[1].contentLength() - 1 || key.first != 0x30 || pkeyder::Components(key, rsa, 2) != 2 ||
+      rsa[0].first != 0x02 || rsa[1].first != 0x02 || rsa[0].n + rsa[1].n != key.contentLength()) {
+    return false;
+  }
+  *pnLen = pkeyder::IntegerBytes(rsa[0]);
+  return true;
+}
+
 }  // namespace
 
 // Splits the key (bounded: the structure class decodes it).
@@ -165,6 +189,10 @@ int PPublicKey::GetPublicKeyAlgorithm(const ByteString& bsSubjectPublicKeyInfo, 
 int PPublicKey::verifySignature(const ByteString& bsSubjectPublicKeyInfo, int nHashAlgo, bool bUsePss,
                                 const ByteString& bsData, const ByteString& bsSignature) {
   static const char kM[] = "verifySignature";
+  int len = 0;
+  if (RsaModulusLength(bsSubjectPublicKeyInfo, &len)) {
+    return verifyRsa(bsSubjectPublicKeyInfo, len, nHashAlgo, bUsePss, bsData, bsSignature);
+  }
   KeyParts k;
   ByteString trace;
   if (ReadKey(bsSubjectPublicKeyInfo, &k, &trace)) return P_FAIL(kM, "subjectPublicKeyInfo", 1, trace.c_str());
@@ -183,7 +211,12 @@ int PPublicKey::verifySignature(const ByteString& bsSubjectPublicKeyInfo, int nH
   const ByteString modulus = rsa.getModulus().toASN1Object();
   pkeyder::Element n;
   pkeyder::Read(modulus.data(), modulus.length(), &n);
-  const int len = pkeyder::IntegerBytes(n);
+  return verifyRsa(bsSubjectPublicKeyInfo, pkeyder::IntegerBytes(n), nHashAlgo, bUsePss, bsData, bsSignature);
+}
+
+int PPublicKey::verifyRsa(const ByteString& bsSubjectPublicKeyInfo, int len, int nHashAlgo, bool bUsePss,
+                          const ByteString& bsData, const ByteString& bsSignature) {
+  static const char kM[] = "verifySignature";
   const int size = SizeCode(len);
   const int hash = nHashAlgo == 0 ? QSAlgorithm::SHA1() : nHashAlgo;
   const bool md5 = hash == QSAlgorithm::MD5(), sha1 = hash == QSAlgorithm::SHA1(), sha256 = hash == QSAlgorithm::SHA256();

@@ -98,4 +98,9 @@ class PPublicKey : public PTrace {
   //   the service's code under "key.GenerateSharedKey"
   int encrypt(const ByteString& bsPeerSubjectPublicKeyInfo, const ByteString& bsPrivateKey, int nSymmetricAlg,
               const ByteString& bsUKM, ByteString& bsKEK);
+
+ private:
+  // The RSA steps of verifySignature for a modulus of nLen octets.
+  int verifyRsa(const ByteString& bsSubjectPublicKeyInfo, int nLen, int nHashAlgo, bool bUsePss,
+                const ByteString& bsData, const ByteString& bsSignature);
 };
