@@ -61,6 +61,9 @@ constexpr int kMD4 = 1100;
 constexpr int kMD5 = 1200;
 constexpr int kSHA1 = 1400;
 constexpr int kSHA256 = 1500;
+constexpr int kSHA224 = 1510;  // the wider SHA-2 digests, for ECSP_VerifyDataEx and ECSP_DigestData
+constexpr int kSHA384 = 1520;
+constexpr int kSHA512 = 1530;
 constexpr int kHAS160 = 1800;
 // Random generators: all three are served by OpenSSL's DRBG.
 constexpr int kRandom0 = 3400;
@@ -222,6 +225,31 @@ int ECSP_SignDataFinal(ECSP_SIGN_CTX* pCtx, ByteString* pSignature);
 int ECSP_VerifyDataInit(int nAlgID, const unsigned char* pKey, int nKeyLen, ECSP_SIGN_CTX** ppCtx);
 int ECSP_VerifyDataUpdate(ECSP_SIGN_CTX* pCtx, const unsigned char* pIn, int nInLen);
 int ECSP_VerifyDataFinal(ECSP_SIGN_CTX* pCtx, const unsigned char* pSig, int nSigLen);
+
+// Verification by scheme and digest rather than by code, for the keys and
+// digests a certificate path may carry beyond the codes above: any RSA size,
+// any named EC curve, any DSA domain, KCDSA of any size.
+//   nScheme    ECSP_SCHEME_* below
+//   nDigest    core digest code (kMD5, kSHA1, kSHA224, kSHA256, kSHA384,
+//              kSHA512, kHAS160; HAS-160 with KCDSA only)
+//   nMgfDigest RSA-PSS: the MGF1 digest (core digest code)
+//   nSaltLen   RSA-PSS: the exact salt length (RFC 8017 9.1.2)
+// Key forms and signature forms as for ECSP_VerifyData. A key of another
+// kind than the scheme is ECSP_INVALID_KEY.
+constexpr int ECSP_SCHEME_RSA_PKCS1 = 1;
+constexpr int ECSP_SCHEME_RSA_PSS = 2;
+constexpr int ECSP_SCHEME_ECDSA = 3;
+constexpr int ECSP_SCHEME_DSA = 4;
+constexpr int ECSP_SCHEME_KCDSA = 5;
+struct ECSP_VERIFY_PARAMS {
+  int nScheme = 0;
+  int nDigest = 0;
+  int nMgfDigest = 0;
+  int nSaltLen = 0;
+};
+int ECSP_VerifyDataEx(const ECSP_VERIFY_PARAMS& params, const unsigned char* pKey, int nKeyLen,
+                      const unsigned char* pIn, int nInLen, const unsigned char* pSig, int nSigLen);
+
 // Releases a staged sign/verify or MAC context that will not be finished.
 void ECSP_SignDataFree(ECSP_SIGN_CTX* pCtx);
 void ECSP_MACFree(ECSP_MAC_CTX* pCtx);

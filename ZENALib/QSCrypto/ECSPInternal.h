@@ -19,9 +19,17 @@ namespace ecsp_internal {
 // loaded (once, on first use, from any thread). Null if loading failed.
 OSSL_LIB_CTX* LibCtx();
 
-enum DigestKind { kDigestMD5 = 0, kDigestSHA1 = 1, kDigestSHA256 = 2, kDigestHAS160 = 3, kDigestSHA224 = 4 };
-constexpr int kDigestKinds = 5;
-constexpr int kMaxDigestLength = 32;
+enum DigestKind {
+  kDigestMD5 = 0,
+  kDigestSHA1 = 1,
+  kDigestSHA256 = 2,
+  kDigestHAS160 = 3,
+  kDigestSHA224 = 4,
+  kDigestSHA384 = 5,
+  kDigestSHA512 = 6
+};
+constexpr int kDigestKinds = 7;
+constexpr int kMaxDigestLength = 64;
 
 int DigestLength(DigestKind kind);
 const EVP_MD* Md(DigestKind kind);  // null for HAS-160

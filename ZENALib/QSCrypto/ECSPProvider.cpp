@@ -54,7 +54,8 @@ void LoadCore() {
     OSSL_LIB_CTX_free(ctx);
     return;
   }
-  static const char* const kMdNames[kDigestKinds] = {"MD5", "SHA1", "SHA256", nullptr, "SHA224"};
+  static const char* const kMdNames[kDigestKinds] = {"MD5", "SHA1", "SHA256", nullptr, "SHA224",
+                                                                "SHA384", "SHA512"};
   for (int i = 0; i < kDigestKinds; ++i) {
     if (kMdNames[i]) g_core.mds[i] = EVP_MD_fetch(ctx, kMdNames[i], nullptr);
   }
@@ -76,7 +77,7 @@ const CipherRow* FindCipher(int nAlgID) {
   return nullptr;
 }
 
-constexpr int kDigestLengths[kDigestKinds] = {16, 20, 32, 20, 28};
+constexpr int kDigestLengths[kDigestKinds] = {16, 20, 32, 20, 28, 48, 64};
 
 struct DigestSelection {
   int nAlgID;
@@ -94,6 +95,8 @@ constexpr DigestSelection kDigestSelection[] = {
     {ecsp::kSHA256, kDigestSHA256},    {ecsp::kSHA256RSA1024, kDigestSHA256},
     {ecsp::kSHA256RSA2048, kDigestSHA256}, {ecsp::kHAS160, kDigestHAS160},
     {ecsp::kKCDSA_HAS160_1024, kDigestHAS160}, {ecsp::kKCDSA_HAS160_2048, kDigestHAS160},
+    {ecsp::kSHA224, kDigestSHA224},    {ecsp::kSHA384, kDigestSHA384},
+    {ecsp::kSHA512, kDigestSHA512},
 };
 
 }  // namespace

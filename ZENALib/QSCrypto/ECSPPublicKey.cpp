@@ -121,6 +121,27 @@ int ParseRowKey(const PkRow& row, const unsigned char* p, int n, bool bExpectPri
   return ECSP_OK;
 }
 
+// Parses a public key for a verification by scheme: the kind must fit the
+// family, the size and curve are the key's own.
+int ParseAnyKey(const PkRow& row, const unsigned char* p, int n, PKeyPtr* pOut) {
+  if (!p || n <= 0) return ECSP_INVALID_KEY_POINTER;
+  PKeyPtr key(new (std::nothrow) ECSP_PKEY);
+  if (!key) return ECSP_MEMORY_ERROR;
+  if (row.family == kKcdsa) {
+    if (int rc = KCDSA_ParseKey(p, n, &key->pKcdsa)) return rc;
+    key->bPrivate = KCDSA_HasPrivate(key->pKcdsa);
+  } else {
+    if (!(key->pEvp = ParseKey(p, n, false, &key->bPrivate))) return ECSP_INVALID_KEY;
+    const char* type = row.family == kEcdsa ? "EC" : row.family == kDsa ? "DSA" : "RSA";
+    // An RSA-PSS key (RFC 4055 id-RSASSA-PSS) is an RSA key restricted to PSS.
+    const bool fits = EVP_PKEY_is_a(key->pEvp, type) ||
+                      (row.family == kRsaPss && EVP_PKEY_is_a(key->pEvp, "RSA-PSS"));
+    if (!fits) return ECSP_INVALID_KEY;
+  }
+  *pOut = std::move(key);
+  return ECSP_OK;
+}
+
 }  // namespace
 
 namespace ecsp_internal {
@@ -202,6 +223,8 @@ int RsaDecrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int 
 // KCDSA digest.
 struct ECSP_SIGN_CTX {
   const PkRow* pRow = nullptr;
+  PkRow exRow{};  // the row of an ECSP_VerifyDataEx call (pRow points here)
+  int nSaltLen = 0;
   bool bVerify = false;
   PKeyPtr key;
   EVP_MD_CTX* pMd = nullptr;
@@ -211,14 +234,24 @@ struct ECSP_SIGN_CTX {
 
 namespace {
 
-int StartSign(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, std::unique_ptr<ECSP_SIGN_CTX>* pOut) {
-  const PkRow* row = FindRow(nAlgID);
+// Starts a signature or verification for a code's row, or (pEx) for the
+// row of an ECSP_VerifyDataEx call: code 0, the MGF1 digest in nBits.
+int StartSign(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, std::unique_ptr<ECSP_SIGN_CTX>* pOut,
+              const PkRow* pEx = nullptr, int nSaltLen = 0) {
+  const PkRow* row = pEx ? pEx : FindRow(nAlgID);
   if (!row || !IsSignature(row->family)) return ECSP_INVALID_ALGORITHM;
   std::unique_ptr<ECSP_SIGN_CTX> ctx(new (std::nothrow) ECSP_SIGN_CTX);
   if (!ctx) return ECSP_MEMORY_ERROR;
+  if (pEx) {
+    ctx->exRow = *pEx;
+    row = &ctx->exRow;
+    ctx->nSaltLen = nSaltLen;
+  }
   ctx->pRow = row;
   ctx->bVerify = bVerify;
-  if (int rc = ParseRowKey(*row, pKey, nKeyLen, !bVerify, &ctx->key)) return rc;
+  const int parsed =
+      pEx ? ParseAnyKey(*row, pKey, nKeyLen, &ctx->key) : ParseRowKey(*row, pKey, nKeyLen, !bVerify, &ctx->key);
+  if (parsed) return parsed;
   if (!bVerify && !ctx->key->bPrivate) return ECSP_INVALID_KEY;
   if (row->family == kKcdsa) {
     if (int rc = KCDSA_Start(ctx->key->pKcdsa, row->digest, &ctx->kcdsa)) return rc;
@@ -231,11 +264,18 @@ int StartSign(bool bVerify, int nAlgID, const unsigned char* pKey, int nKeyLen, 
   const int ok = bVerify ? EVP_DigestVerifyInit_ex(ctx->pMd, &pctx, mdName, LibCtx(), nullptr, ctx->key->pEvp, nullptr)
                          : EVP_DigestSignInit_ex(ctx->pMd, &pctx, mdName, LibCtx(), nullptr, ctx->key->pEvp, nullptr);
   if (ok != 1) return ECSP_INVALID_KEY;
-  if (row->family == kRsaPss) {
-    // Salt as long as the digest when signing; any salt length is accepted
-    // when verifying, as other signers choose differently.
+  if (row->family == kRsaPss && row->nAlgID == 0) {
     if (EVP_PKEY_CTX_set_rsa_padding(pctx, RSA_PKCS1_PSS_PADDING) != 1 ||
-        EVP_PKEY_CTX_set_rsa_pss_saltlen(pctx, bVerify ? RSA_PSS_SALTLEN_AUTO : RSA_PSS_SALTLEN_DIGEST) != 1) {
+        EVP_PKEY_CTX_set_rsa_mgf1_md(pctx, Md(static_cast<DigestKind>(row->nBits))) != 1 ||
+        EVP_PKEY_CTX_set_rsa_pss_saltlen(pctx, ctx->nSaltLen) != 1) {
+      return ECSP_FAIL;
+    }
+  } else if (row->family == kRsaPss) {
+    // The PSS codes stand for RSASSA-PSS-params with SHA-1, MGF1-SHA-1 and
+    // the default salt of 20 octets (RFC 8017 A.2.3). Verification takes the
+    // salt length as a parameter (RFC 8017 9.1.2), so any other is refused.
+    if (EVP_PKEY_CTX_set_rsa_padding(pctx, RSA_PKCS1_PSS_PADDING) != 1 ||
+        EVP_PKEY_CTX_set_rsa_pss_saltlen(pctx, RSA_PSS_SALTLEN_DIGEST) != 1) {
       return ECSP_FAIL;
     }
   }
@@ -317,6 +357,37 @@ int ECSP_VerifyDataFinal(ECSP_SIGN_CTX* pCtx, const unsigned char* pSig, int nSi
 }
 
 void ECSP_SignDataFree(ECSP_SIGN_CTX* pCtx) { delete pCtx; }
+
+int ECSP_VerifyDataEx(const ECSP_VERIFY_PARAMS& params, const unsigned char* pKey, int nKeyLen,
+                      const unsigned char* pIn, int nInLen, const unsigned char* pSig, int nSigLen) {
+  static constexpr struct {
+    int nScheme;
+    Family family;
+  } kSchemes[] = {{ECSP_SCHEME_RSA_PKCS1, kRsaPkcs1},
+                  {ECSP_SCHEME_RSA_PSS, kRsaPss},
+                  {ECSP_SCHEME_ECDSA, kEcdsa},
+                  {ECSP_SCHEME_DSA, kDsa},
+                  {ECSP_SCHEME_KCDSA, kKcdsa}};
+  PkRow row{0, kRsaPkcs1, kDigestSHA1, 0, nullptr};
+  bool known = false;
+  for (const auto& s : kSchemes) {
+    if (s.nScheme == params.nScheme) row.family = s.family, known = true;
+  }
+  DigestKind digest, mgf = kDigestSHA1;
+  if (!known || !SelectDigest(params.nDigest, &digest)) return ECSP_INVALID_ALGORITHM;
+  // HAS-160 has no EVP digest: only our KCDSA takes it.
+  if (digest == kDigestHAS160 && row.family != kKcdsa) return ECSP_INVALID_ALGORITHM;
+  if (row.family == kRsaPss) {
+    if (!SelectDigest(params.nMgfDigest, &mgf) || mgf == kDigestHAS160) return ECSP_INVALID_ALGORITHM;
+    if (params.nSaltLen < 0) return ECSP_INVALID_DATA;
+  }
+  row.digest = digest;
+  row.nBits = mgf;  // the MGF1 digest of a PSS row (see StartSign)
+  std::unique_ptr<ECSP_SIGN_CTX> ctx;
+  if (int rc = StartSign(true, 0, pKey, nKeyLen, &ctx, &row, params.nSaltLen)) return rc;
+  if (int rc = UpdateSign(ctx.get(), pIn, nInLen)) return rc;
+  return FinishVerify(ctx.get(), pSig, nSigLen);
+}
 
 int ECSP_GenerateSharedKey(int nAlgID, const unsigned char* pPrivKey, int nPrivLen, const unsigned char* pPeerKey,
                            int nPeerLen, ByteString* pShared) {

@@ -11,8 +11,9 @@ struct Pair {
   int nCore;
 };
 
-// 7052 (ECDSA on secp160r1), 7060 and 7061 (RSA-PSS) have no row: the
-// service classes refuse them even though the core knows such algorithms.
+// 7060 and 7061 (RSA-PSS) have no row: the service classes refuse them even
+// though the core knows such algorithms. 7052 (ECDSA with SHA-1 on
+// secp160r1) was added as a row of its own, as every new algorithm is.
 constexpr Pair kAlgorithms[] = {
     {1000, ecsp::kMD2},         {1001, ecsp::kMD4},          {1002, ecsp::kMD5},
     {1011, ecsp::kSHA1},        {1012, ecsp::kSHA256},       {1020, ecsp::kHAS160},
@@ -30,7 +31,7 @@ constexpr Pair kAlgorithms[] = {
     {7012, ecsp::kSHA1RSA2048}, {7030, 140000},              {7031, ecsp::kKCDSA_SHA1_512},
     {7032, ecsp::kKCDSA_SHA1_1024}, {7033, ecsp::kKCDSA_SHA1_2048}, {7040, ecsp::kKCDSA_HAS160_512},
     {7041, ecsp::kKCDSA_HAS160_1024}, {7042, ecsp::kKCDSA_HAS160_2048}, {7050, ecsp::kECDSA_SHA1_K163},
-    {7051, ecsp::kECDSA_SHA1_C2PNB163V1}, {7070, ecsp::kSHA256RSA1024}, {7071, ecsp::kSHA256RSA2048},
+    {7051, ecsp::kECDSA_SHA1_C2PNB163V1}, {7052, ecsp::kECDSA_SHA1_P160}, {7070, ecsp::kSHA256RSA1024}, {7071, ecsp::kSHA256RSA2048},
 };
 
 // Library modes 1..6 and padding types 0..4, indexed by the library number.

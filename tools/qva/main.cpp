@@ -5,6 +5,7 @@
 //   qva hex IN                            (upper-case hex dump, 16 bytes a line)
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
+//   qva cert FILE                         (see cert.cpp)
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +18,8 @@
 
 // client.cpp: the verify and register commands.
 int RunClientCommand(int argc, char** argv);
+// cert.cpp: the certificate printer.
+int RunCertCommand(int argc, char** argv);
 
 namespace {
 
@@ -26,7 +29,8 @@ int Usage() {
       "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
       "       qva hex IN\n"
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
-      "       qva register HOST PORT ROAMINGID FILE\n",
+      "       qva register HOST PORT ROAMINGID FILE\n"
+      "       qva cert [--verify ISSUER] FILE\n",
       stderr);
   return 2;
 }
@@ -69,6 +73,7 @@ int main(int argc, char** argv) {
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
+  if (cmd == "cert") return RunCertCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {

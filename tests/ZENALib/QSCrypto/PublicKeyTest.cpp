@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <sstream>
 #include <thread>
 
 #include "ZENALib/QSCrypto/ECSP.h"
@@ -77,6 +78,15 @@ TEST_F(WithKeys, SignaturesAgreeWithOpensslBothWays) {
     EXPECT_EQ(verify(msg, theirs), 0);
     EXPECT_EQ(verify(tampered, theirs), 116);
     EXPECT_EQ(verify(tampered, sig), 116);
+    std::istringstream salts(c["WrongSalt"]);
+    for (std::string salt; salts >> salt;) {
+      SCOPED_TRACE("salt " + salt);
+      std::string opts = c["Dgst"];
+      opts.replace(opts.rfind(':') + 1, std::string::npos, salt);
+      MustRun("openssl dgst " + opts + " -keyform DER -sign " + Path(c["Key"] + ".der") + " -out " +
+              Path("salt.sig") + " " + Path("msg"));
+      EXPECT_EQ(verify(msg, ReadFileBs(Path("salt.sig"))), 116);
+    }
   }
 }
 
