@@ -72,6 +72,13 @@ TEST_F(WithCerts, OpensslCertificateSignatures) {
     }
     ByteString spki;
     ASSERT_EQ(pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki), 0);
+    RSubjectPublicKeyInfo info;
+    ASSERT_EQ(info.fromASN1Object(spki), 0);
+    if (rc == 0 && info.getAlgorithm().getAlgorithm().getOID() == poid::kECPublicKey) {
+      // The second EC key OID names the same key.
+      info.getAlgorithm().getAlgorithm().setOID(poid::kECKey2);
+      EXPECT_EQ(pk.verifySignature(info.toASN1Object(), Num(r, "Hash"), false, s.tbs, s.sig), 0);
+    }
     PPublicKey wide;
     EXPECT_EQ(wide.verifyCertificateSignature(cert, spki), Num(r, "Wide")) << qvatest::Str(wide.getErrorMessage());
     ByteString changed = cert;
