@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/QSCrypto/QSKey.h"
@@ -183,4 +184,45 @@ TEST_F(WithCerts, KeyAgreementKekMatchesOpensslKdf) {
   EXPECT_EQ(pk.encrypt(ecPub, ReadFileBs(Path("mine.der")), 3020, ByteString(), kek), 22);
   EXPECT_TRUE(cryptotest::TraceTail(pk.getErrorMessage(), "PPublicKey.cpp",
                                     "PPublicKey::encrypt-nSymmetricAlg(22), nSymmetricAlg(3020) is not supported."));
+}
+
+// The certificate corpus of tests/data/pkix/x509 (made by its make.sh): every
+// certificate issued by one of the three roots verifies under that root's
+// key through the wider entry point (ECDSA P-256, DSA and RSA with SHA-256,
+// RSA-PSS with salt 32) and under no other root.
+TEST(CertificateCorpus, SignaturesVerifyUnderTheirIssuerOnly) {
+  const char* const roots[] = {"root-ec256", "root-rsa2048", "root-dsa1024"};
+  ByteString rootSubject[3], rootKey[3];
+  PPublicKey pk;
+  for (int i = 0; i < 3; ++i) {
+    const ByteString der = ReadFileBs(qvatest::DataPath("pkix/x509/certs/" + std::string(roots[i]) + ".der"));
+    RCertificate c;
+    ASSERT_EQ(c.fromASN1Object(der), 0);
+    rootSubject[i] = c.getTbsCertificate().getSubject().toASN1Object();
+    ASSERT_EQ(pk.getPublicKeyInfoFromCert(der, PPublicKey::CERT_KIND_X509, rootKey[i]), 0);
+  }
+  std::string list;
+  ASSERT_EQ(qvatest::Run("ls " + qvatest::DataPath("pkix/x509/certs"), &list), 0);
+  std::istringstream names(list);
+  int checked = 0;
+  for (std::string name; names >> name;) {
+    SCOPED_TRACE(name);
+    const ByteString der = ReadFileBs(qvatest::DataPath("pkix/x509/certs/" + name));
+    RCertificate c;
+    ASSERT_EQ(c.fromASN1Object(der), 0);
+    const ByteString issuer = c.getTbsCertificate().getIssuer().toASN1Object();
+    ByteString own;
+    ASSERT_EQ(pk.getPublicKeyInfoFromCert(der, PPublicKey::CERT_KIND_X509, own), 0);
+    for (int i = 0; i < 3; ++i) {
+      const int rc = pk.verifyCertificateSignature(der, rootKey[i]);
+      // A self-signed certificate on a root's key (another name) holds too.
+      if (issuer == rootSubject[i] || (own == rootKey[i] && issuer == c.getTbsCertificate().getSubject().toASN1Object())) {
+        EXPECT_EQ(rc, 0) << qvatest::Str(pk.getErrorMessage());
+        ++checked;
+      } else {
+        EXPECT_TRUE(rc == 61 || rc == 116) << rc;
+      }
+    }
+  }
+  EXPECT_GT(checked, 60);
 }
