@@ -240,3 +240,35 @@ TEST(CertificateCorpus, SignaturesVerifyUnderTheirIssuerOnly) {
     EXPECT_GE(checked, 3);
   }
 }
+
+// The wider entry point takes the salt length, hash and mask function from
+// the RSASSA-PSS parameters given and refuses a signature made otherwise.
+TEST_F(WithCerts, PssParametersDecide) {
+  const ByteString cert = MakeCert("pssparams", "-algorithm RSA -pkeyopt rsa_keygen_bits:2048",
+                                   "-sha256 -sigopt rsa_padding_mode:pss -sigopt rsa_pss_saltlen:32");
+  const Signed s = Split(cert);
+  ByteString spki;
+  PPublicKey pk;
+  ASSERT_EQ(pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki), 0);
+  struct {
+    const char* algID;  // hex AlgorithmIdentifier
+    int code;
+  } const cases[] = {
+      {"", 0},  // the certificate's own: SHA-256, MGF1-SHA-256, salt 32
+      {"300D06092A864886F70D01010A3000", 116},  // every field at its default: SHA-1, salt 20
+      // SHA-256 and MGF1-SHA-256 written out with salt 32, 20 and 33
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020120", 0},
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020114", 116},
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020121", 116},
+      // trailer field 2
+      {"301206092A864886F70D01010A3005A303020102", 62},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.algID);
+    const ByteString algID = *c.algID ? processtest::HexBs(c.algID) : s.alg;
+    EXPECT_EQ(pk.verifySignatureWithAlgID(spki, algID, s.tbs, s.sig), c.code) << qvatest::Str(pk.getErrorMessage());
+  }
+}
