@@ -2,6 +2,8 @@
 # libraries, qva.h and the toolkit headers, the programs with their manual
 # pages, a pkg-config file and a CMake package; the Debian package through
 # CPack. The version everywhere is the project version.
+# Documents go where Debian looks for them: under the package's name.
+set(CMAKE_INSTALL_DOCDIR share/doc/libqvaclient CACHE PATH "Documentation (DOCDIR)")
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -80,6 +82,8 @@ endforeach()
 if(_qva_man_outputs)
   add_custom_target(qva_man_pages ALL DEPENDS ${_qva_man_outputs})
 endif()
+
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # pkg-config: paths relative to the file itself, so a staged or relocated
 # tree works as well as the prefix it was built for.
