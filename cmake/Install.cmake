@@ -24,6 +24,9 @@ set_property(TARGET qvaclient PROPERTY INTERFACE_INCLUDE_DIRECTORIES
 add_library(qvaclient_static STATIC ${PROJECT_SOURCE_DIR}/libqvaclient/qvaexports.cpp
   $<TARGET_OBJECTS:qvaclient_core> $<TARGET_OBJECTS:aibase> $<TARGET_OBJECTS:zenalib>
   $<TARGET_OBJECTS:qva_base>)
+if(TARGET qsprocess)
+  target_sources(qvaclient_static PRIVATE $<TARGET_OBJECTS:qsprocess>)
+endif()
 target_include_directories(qvaclient_static
   PRIVATE $<TARGET_PROPERTY:qvaclient_core,INTERFACE_INCLUDE_DIRECTORIES>
   INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
@@ -95,7 +98,8 @@ install(FILES ${PROJECT_BINARY_DIR}/qvaclient.pc DESTINATION ${CMAKE_INSTALL_LIB
 # CMake package: find_package(LibQVAClient) gives LibQVAClient::qvaclient
 # (and LibQVAClient::qvaclient_static when libcrypto is found).
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/LibQVAClientConfig.cmake.in
-  ${PROJECT_BINARY_DIR}/LibQVAClientConfig.cmake INSTALL_DESTINATION ${_qva_cmake_dir})
+  ${PROJECT_BINARY_DIR}/LibQVAClientConfig.cmake INSTALL_DESTINATION ${_qva_cmake_dir}
+  PATH_VARS _qva_toolkit_includedir)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/LibQVAClientConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/LibQVAClientConfig.cmake ${PROJECT_BINARY_DIR}/LibQVAClientConfigVersion.cmake

@@ -53,6 +53,16 @@ for exe in verify_pc consumer/verify_shared consumer/verify_static; do
 done
 ldd "$work/consumer/verify_static" | grep -q libqvaclient && fail "verify_static uses the shared library"
 
+# The toolkit program agrees with openssl on a certificate's serial number and digest.
+cert=$src/tests/data/pkix/x509/certs/access-rsa1024.der
+"$work/consumer/toolkit" "$cert" >"$work/toolkit" || fail "toolkit program failed on $cert"
+ours=$(sed -n 's/^serial=0*//p' "$work/toolkit")
+theirs=$(openssl x509 -inform DER -in "$cert" -noout -serial | sed 's/^serial=0*//')
+[ -n "$ours" ] && [ "$ours" = "$theirs" ] || fail "serial $ours, openssl says $theirs"
+ours=$(sed -n 's/^sha256=//p' "$work/toolkit")
+theirs=$(openssl dgst -sha256 -r "$cert" | cut -d' ' -f1)
+[ "$ours" = "${theirs^^}" ] || fail "SHA-256 $ours, openssl says $theirs"
+
 # One version everywhere.
 [ "$(pkg-config --modversion qvaclient)" = "$version" ] || fail "qvaclient.pc: $(pkg-config --modversion qvaclient)"
 [ "$(cat "$work/consumer/package-version.txt")" = "$version" ] || fail "package version"
