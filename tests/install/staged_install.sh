@@ -70,4 +70,17 @@ theirs=$(openssl dgst -sha256 -r "$cert" | cut -d' ' -f1)
 if [ -x "$prefix/bin/qva-server" ]; then
   [ "$("$prefix/bin/qva-server" --version)" = "qva-server $version" ] || fail "qva-server --version"
 fi
+# Each manual page names every command and option its program's --help lists.
+for prog in qva qva-server; do
+  [ -x "$prefix/bin/$prog" ] || continue
+  page=$(find "$prefix" -name "$prog.1*" -path '*man1*')
+  [ -n "$page" ] || fail "no manual page for $prog"
+  man=$( (gzip -dc "$page" 2>/dev/null || cat "$page") | sed 's/\\-/-/g')
+  help=$("$prefix/bin/$prog" --help) || fail "$prog --help failed"
+  words=$(grep -oE -- '--[a-z-]+' <<<"$help"; awk -v p="$prog" '{ w = ($1 == "usage:") ? $3 : $2; if (w ~ /^[a-z0-9]+$/) print p " " w }' <<<"$help")
+  [ -n "$words" ] || fail "$prog --help lists nothing"
+  while read -r w; do
+    grep -qF -- "$w" <<<"$man" || fail "manual page of $prog lacks '$w'"
+  done <<<"$words"
+done
 echo "staged install at $prefix served pkg-config and find_package"
