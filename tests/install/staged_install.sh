@@ -32,6 +32,7 @@ cc -std=c99 -Wall -Wextra -pedantic -Werror -fsyntax-only -I"$inc" -x c - <<<'#i
 
 # The example through pkg-config.
 export PKG_CONFIG_PATH=$libdir/pkgconfig
+[ -f "$(pkg-config --variable=toolkit_includedir qvaclient)/base/ByteString.h" ] || fail "toolkit_includedir"
 # shellcheck disable=SC2046
 cc -Wall -Wextra -Werror -o "$work/verify_pc" "$src/examples/verify.c" $(pkg-config --cflags --libs qvaclient)
 
