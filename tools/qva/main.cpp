@@ -6,6 +6,7 @@
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
+//   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -23,16 +24,18 @@ int RunCertCommand(int argc, char** argv);
 
 namespace {
 
-int Usage() {
+// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
+int Usage(std::FILE* out = stderr, int code = 2) {
   std::fputs(
       "usage: qva base64 encode|decode IN OUT\n"
       "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
       "       qva hex IN\n"
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
-      "       qva cert [--verify ISSUER] FILE\n",
-      stderr);
-  return 2;
+      "       qva cert [--verify ISSUER] FILE\n"
+      "       qva --version | --help\n",
+      out);
+  return code;
 }
 
 bool ReadAll(const char* path, ByteString* out) {
@@ -70,6 +73,11 @@ int Fail(const char* what, int code) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::printf("qva %s\n", QVA_VERSION);
+    return 0;
+  }
+  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
