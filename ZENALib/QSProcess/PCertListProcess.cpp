@@ -411,6 +411,7 @@ int PCertListProcess::indexSerials() {
   static const char kM[] = "parseCertList";
   const std::uint32_t n = static_cast<std::uint32_t>(m_pSerialNums.size());
   m_nBucketBits = 1;
+  if (n == 0) return 0;  // firstPosition answers an empty list without the index
   while (m_nBucketBits < 24 && (1u << m_nBucketBits) < n) ++m_nBucketBits;
   const std::uint32_t buckets = 1u << m_nBucketBits;
   const int shift = 64 - m_nBucketBits;
