@@ -6,6 +6,7 @@
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
+//   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
 //   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +22,8 @@
 int RunClientCommand(int argc, char** argv);
 // cert.cpp: the certificate printer.
 int RunCertCommand(int argc, char** argv);
+// crl.cpp: the CRL printer and revocation answer.
+int RunCrlCommand(int argc, char** argv);
 
 namespace {
 
@@ -33,6 +36,7 @@ int Usage(std::FILE* out = stderr, int code = 2) {
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
       "       qva cert [--verify ISSUER] FILE\n"
+      "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
       "       qva --version | --help\n",
       out);
   return code;
@@ -82,6 +86,7 @@ int main(int argc, char** argv) {
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   if (cmd == "cert") return RunCertCommand(argc, argv);
+  if (cmd == "crl") return RunCrlCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
