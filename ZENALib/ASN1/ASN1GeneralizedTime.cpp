@@ -9,8 +9,6 @@ namespace {
 
 const char kClass[] = "ASN1GeneralizedTime";
 const char kMethod[] = "CheckGMTTime";
-// 9999-12-31 23:59:59 UTC: the last time a four-digit year can write.
-constexpr std::int64_t kLastTime = 253402300799;
 
 }  // namespace
 
@@ -52,7 +50,8 @@ int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
   }
   if (pos != nLength - 1 || szText[pos] != 'Z') return TIME_FAIL("data", 8, "%.*s : invalid format");
   const std::int64_t t = asn1_calendar::ToSeconds(dt);
-  if (t < 0)
+  // Dates before 1970 are negative times; only a time the calendar time type cannot hold is refused.
+  if (!asn1_calendar::FitsTimeT(t))
     return TIME_FAIL("data", 9,
                     "%.*s references a date before midnight, January 1, 1970, or if the calendar time cannot be "
                     "represented.");
@@ -63,7 +62,8 @@ int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
 #undef TIME_FAIL
 
 int ASN1GeneralizedTime::setGMTTime(std::time_t tTime) {
-  if (tTime < 0 || static_cast<std::int64_t>(tTime) > kLastTime) {
+  const std::int64_t t = static_cast<std::int64_t>(tTime);
+  if (t < asn1_calendar::kFirstGeneralizedTime || t > asn1_calendar::kLastGeneralizedTime) {
     ByteString message;
     message.format("%lld represents a date before midnight, January 1, 1970", static_cast<long long>(tTime));
     return ASN1_FAIL(kClass, "setGMTTime", "m_GMTTime", 1, message.c_str());

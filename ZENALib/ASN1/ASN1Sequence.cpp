@@ -156,9 +156,8 @@ int ASN1Sequence::ExtractComponentInfo() {
 
 int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
   static const char kMethod[] = "addComponent";
-  // An empty component is what a failed member encoding returns: refusing it
-  // keeps the table in step with the value.
-  if (bsComponent.length() == 0) return ASN1_FAIL(kClass, kMethod, "bsComponent", 1, "ASN1 Format Error");
+  // An empty component gets its (zero-length) table entry like any other, so
+  // the table still counts every component added.
   if (m_nComponentCount == m_nComponentCapacity && ReallocCompontntInfo() != 0)
     return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 1);
   const int offset = m_bsValue.length();

@@ -76,7 +76,8 @@ int ASN1UTCTime::checkUTCTime(const char* szText, int nLength) {
       return TIME_FAIL("data", 7, "%.*s : UTC Time Format Error");
   }
   const std::int64_t t = asn1_calendar::ToSeconds(dt) + offset;
-  if (t < 0)
+  // Dates before 1970 are negative times; only a time the calendar time type cannot hold is refused.
+  if (!asn1_calendar::FitsTimeT(t))
     return TIME_FAIL("data", 8,
                     "%.*s references a date before midnight, January 1, 1970, or if the calendar time cannot be "
                     "represented.");
@@ -87,7 +88,9 @@ int ASN1UTCTime::checkUTCTime(const char* szText, int nLength) {
 #undef TIME_FAIL
 
 int ASN1UTCTime::setGMTTime(std::time_t tTime) {
-  if (tTime < 0) {
+  // Two digits read back as 1950-2049 only: a time outside would come back as another century.
+  const std::int64_t t = static_cast<std::int64_t>(tTime);
+  if (t < asn1_calendar::kFirstUTCTime || t > asn1_calendar::kLastUTCTime) {
     ByteString message;
     message.format("%lld represents a date before midnight, January 1, 1970", static_cast<long long>(tTime));
     // Recorded under the other time class's name, as existing traces show it.
