@@ -4,8 +4,10 @@
 
 ASN1BitString::ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
 
-int ASN1BitString::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1BitString", ASN1_TAG_BITSTRING,
+int ASN1BitString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1BitString::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1BitString", ASN1_TAG_BITSTRING,
                      "TagType(%d) is not ASN1_TAG_BITSTRING");
 }
 

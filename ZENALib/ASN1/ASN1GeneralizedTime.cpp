@@ -14,8 +14,10 @@ const char kMethod[] = "CheckGMTTime";
 
 ASN1GeneralizedTime::ASN1GeneralizedTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_GENERALIZEDTIME; }
 
-int ASN1GeneralizedTime::fromASN1Object(const ByteString& bsData) {
-  if (const int rc = decodeTyped(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_GENERALIZEDTIME,
+int ASN1GeneralizedTime::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1GeneralizedTime::fromASN1View(const unsigned char* pData, int nData) {
+  if (const int rc = decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_GENERALIZEDTIME,
                                  "TagType(%d) is not ASN1_TAG_GENERALIZEDTIME"))
     return rc;
   if (checkGMTTime(m_bsValue.c_str(), m_bsValue.length()) != 0)

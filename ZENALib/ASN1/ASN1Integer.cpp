@@ -8,8 +8,10 @@ ASN1Integer::ASN1Integer() { m_ucPrimitiveTag = ASN1_TAG_INTEGER; }
 
 ASN1Integer::ASN1Integer(int nValue) : ASN1Integer() { setInteger(nValue); }
 
-int ASN1Integer::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Integer", ASN1_TAG_INTEGER, "TagType(%d)is not ASN1_TAG_INTEGER");
+int ASN1Integer::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Integer::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1Integer", ASN1_TAG_INTEGER, "TagType(%d)is not ASN1_TAG_INTEGER");
 }
 
 void ASN1Integer::EncodeNative(int nValue, ByteString* pOut) {

@@ -270,12 +270,28 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
   }
 }
 
-int ASN1Object::fromASN1Object(const ByteString& bsData) {
+int ASN1Object::fromASN1Object(const ByteString& bsData) { return decodeElement(viewOf(bsData), bsData.length()); }
+
+int ASN1Object::fromASN1View(const unsigned char* pData, int nData) {
+  // Reached only by classes that decode in fromASN1Object alone.
+  return fromASN1Object(pData ? ByteString(pData, nData) : ByteString());
+}
+
+int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char** ppContent, int* pnContent) {
   static const char kMethod[] = "fromASN1Object";
   m_nErrorCode = 0;
-  if (bsData.isEmpty()) return ASN1_FAIL(kClass, kMethod, "baData", 1, "The bsData is NULL pointer.");
-  const unsigned char* d = bsData.data();
-  const int n = bsData.length();
+  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", 1, "The bsData is NULL pointer.");
+  // Either the contents are stored, or their span is handed back.
+  auto keep = [&](const unsigned char* p, int len) -> int {
+    if (ppContent) {
+      *ppContent = p;
+      *pnContent = len;
+      return 0;
+    }
+    if (m_bsValue.setData(p, len) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+    return 0;
+  };
   if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, kLengthError);
 
   m_ucConstructed = 0;
@@ -327,18 +343,14 @@ int ASN1Object::fromASN1Object(const ByteString& bsData) {
   if (m_ucTaggedType == ASN1_EXPLICIT) {
     std::uint32_t outerLen = 0;
     if (const int rc = readLength(kOuterCodes, &outerLen)) return rc;
-    if (outerLen == 0) {
-      m_bsValue.setData(d, 0);
-      return 0;
-    }
+    if (outerLen == 0) return keep(d, 0);
     const unsigned char* innerStart = r.data();
     unsigned char innerTag = 0, innerTagged = 0;
     if (checkASN1Member(innerStart[0], &innerTag, &innerTagged, nullptr, nullptr) != 0)
       return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 8);
     if (innerTagged != ASN1_UNTAGGED) {
       // A tagged element inside an explicit tag is kept whole.
-      m_bsValue.setData(innerStart, static_cast<int>(outerLen));
-      return 0;
+      return keep(innerStart, static_cast<int>(outerLen));
     }
     if (m_ucPrimitiveTag == ASN1_TAG_NONE) m_ucPrimitiveTag = innerTag;
     id = innerStart[0];
@@ -347,14 +359,13 @@ int ASN1Object::fromASN1Object(const ByteString& bsData) {
   m_ucConstructed = static_cast<unsigned char>(id & ASN1_CONSTRUCTED);
   std::uint32_t len = 0;
   if (const int rc = readLength(kInnerCodes, &len)) return rc;
-  if (m_bsValue.setData(r.data(), static_cast<int>(len)) != BS_OK)
-    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
-  return 0;
+  return keep(r.data(), static_cast<int>(len));
 }
 
-int ASN1Object::decodeTyped(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
-                            unsigned char ucTag, const char* szTagFormat) {
-  if (ASN1Object::fromASN1Object(bsData) != 0)
+int ASN1Object::decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData,
+                            const char* szClass, unsigned char ucTag, const char* szTagFormat,
+                            const unsigned char** ppContent, int* pnContent) {
+  if (decodeElement(pData, nData, ppContent, pnContent) != 0)
     return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", 1);
   // An implicit tag hides the type: the class's own tag is assumed.
   if (m_ucTaggedType == ASN1_IMPLICIT) {

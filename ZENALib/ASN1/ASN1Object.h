@@ -67,6 +67,11 @@ class ASN1Object {
   // fromASN1Object parses one encoding (octets after it are ignored) and
   // keeps its contents in m_bsValue; returns 0 or codes 1-12 (see README.md).
   virtual int fromASN1Object(const ByteString& bsData);
+  // The same decode from a view of the caller's bytes (null pData: no data,
+  // as an empty ByteString); nothing is copied but the value a leaf keeps.
+  // Every class of the toolkit decodes here; a class that overrides only
+  // fromASN1Object is reached through a copy of the view.
+  virtual int fromASN1View(const unsigned char* pData, int nData);
   // setValue replaces the content octets; returns 0, or the code of a type's
   // value check (restricted strings, times), in which case nothing changes.
   virtual int setValue(const ByteString& bsValue);
@@ -130,8 +135,17 @@ class ASN1Object {
   // field "ASN1Object::fromASN1Object"), then an implicit tag takes ucTag,
   // otherwise a different tag fails with code 2 and szTagFormat filled with it.
   // szFile and nLine name the caller's position in the trace.
-  int decodeTyped(const char* szFile, int nLine, const ByteString& bsData, const char* szClass, unsigned char ucTag,
-                  const char* szTagFormat);
+  // With ppContent given, the contents are not stored but handed back as a
+  // span of the input.
+  int decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData, const char* szClass,
+                  unsigned char ucTag, const char* szTagFormat, const unsigned char** ppContent = nullptr,
+                  int* pnContent = nullptr);
+  // The base decode of one element from a view: identifier fields set, the
+  // contents stored in m_bsValue (or, with ppContent, handed back as a span).
+  int decodeElement(const unsigned char* pData, int nData, const unsigned char** ppContent = nullptr,
+                    int* pnContent = nullptr);
+  // The view of a ByteString as fromASN1View takes it (null when it holds no buffer).
+  static const unsigned char* viewOf(const ByteString& bs) { return bs.isEmpty() ? nullptr : bs.data(); }
   // Character check of the restricted string types: the first octet that
   // pAccept refuses fails with code 1, field "data", szFormat filled with it.
   // szFile and nLine name the caller's position in the trace.

@@ -30,8 +30,10 @@ int WriteDecimal(char* out, std::uint32_t v) {
 
 ASN1ObjectIdentifier::ASN1ObjectIdentifier() { m_ucPrimitiveTag = ASN1_TAG_OID; }
 
-int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_OID, "TagType(%d) is not ASN1_TAG_OID");
+int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1ObjectIdentifier::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_OID, "TagType(%d) is not ASN1_TAG_OID");
 }
 
 int ASN1ObjectIdentifier::setOID(const char* szText) {

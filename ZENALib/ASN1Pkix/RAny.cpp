@@ -31,10 +31,10 @@ ByteString& RAny::toASN1Object() {
   return m_bsEncoded;
 }
 
-int RAny::fromASN1Object(const ByteString& bsData) {
+int RAny::fromASN1View(const unsigned char* pData, int nData) {
   m_nErrorCode = 0;
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+  const unsigned char* p = pData;
+  int n = nData;
   if ((m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0) || store(p, n) != 0)
     return failAt(nullptr, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
   return 0;

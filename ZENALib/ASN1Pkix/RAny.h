@@ -13,7 +13,8 @@ class RAny : public RObject {
   RAny() : RObject(ASN1_TAG_NONE) {}
   const char* className() const override { return "RAny"; }
   ByteString& toASN1Object() override;
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // The element itself (identifier, length, contents); empty when unset.
   const ByteString& getElement() const { return m_bsElement; }

@@ -35,12 +35,12 @@ ByteString& RChoice::toASN1Object() {
   return m_bsEncoded;
 }
 
-int RChoice::fromASN1Object(const ByteString& bsData) {
+int RChoice::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nSelected = -1;
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+  const unsigned char* p = pData;
+  int n = nData;
   if (m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0)
     return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
   RElementHeader h{};

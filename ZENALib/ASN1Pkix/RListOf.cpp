@@ -24,20 +24,21 @@ ByteString& RListBase::toASN1Object() {
   return finishEncoding(asnSeq, nullptr);
 }
 
-int RListBase::fromASN1Object(const ByteString& bsData) {
+int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   m_nErrorCode = 0;
   removeAllItems();
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
-  int rc = asnSeq.fromASN1Object(bsData);
+  // The components are walked in place: no copy of the contents.
+  int rc = asnSeq.borrowComponents(pData, nData);
   if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
   for (int i = 0; i < asnSeq.getComponentCount(); ++i) {
     const unsigned char* p = nullptr;
     int n = 0;
     asnSeq.getComponentBytes(i, &p, &n);
     ASN1Object& item = appendItem();
-    if ((rc = item.fromASN1Object(ByteString(p, n))) != 0)
+    if ((rc = item.fromASN1View(p, n)) != 0)
       return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());
   }
   return 0;

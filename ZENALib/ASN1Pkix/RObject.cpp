@@ -187,7 +187,7 @@ int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned 
   if (f.kind == RKind::Implicit && utag != ASN1_TAG_NONE && RReadHeader(p, n, &h) == 0 && h.constructed()) {
     rc = m.fromASN1Object(RetagAsUniversal(p, n, h, utag));
   } else {
-    rc = m.fromASN1Object(ByteString(p, n));
+    rc = m.fromASN1View(p, n);
   }
   if (rc != 0) return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
   applyFieldTag(f);  // decoding may have replaced the tagging with what the data said

@@ -26,6 +26,8 @@ void RStructure::setPresent(const ASN1Object& member, bool present) {
     m_nPresent &= ~(std::uint64_t{1} << i);
 }
 
+void RStructure::componentDecoded(const ASN1Object&, const unsigned char*, int) {}
+
 int RStructure::checkCount(int nCount) {
   const RCountRule& r = schema().count;
   bool ok = true;
@@ -56,14 +58,15 @@ ByteString& RStructure::toASN1Object() {
   return finishEncoding(asnSeq, &s);
 }
 
-int RStructure::fromASN1Object(const ByteString& bsData) {
+int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nPresent = 0;
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
-  int rc = asnSeq.fromASN1Object(bsData);
+  // The components are walked in place: no copy of the contents.
+  int rc = asnSeq.borrowComponents(pData, nData);
   if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
   const int count = asnSeq.getComponentCount();
   if ((rc = checkCount(count)) != 0) return rc;
@@ -92,6 +95,7 @@ int RStructure::fromASN1Object(const ByteString& bsData) {
       return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
     }
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
+    componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     ++next;
   }
