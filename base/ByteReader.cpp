@@ -3,18 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-int ByteReader::peekU8(std::uint8_t* v) const {
-  if (m_n < 1) return BS_OUT_OF_RANGE;
-  *v = m_p[0];
-  return BS_OK;
-}
-
-int ByteReader::readU8(std::uint8_t* v) {
-  if (m_n < 1) return BS_OUT_OF_RANGE;
-  *v = *m_p++;
-  --m_n;
-  return BS_OK;
-}
+#include "base/Limits.h"
 
 int ByteReader::readU16BE(std::uint16_t* v) {
   if (m_n < 2) return BS_OUT_OF_RANGE;
@@ -30,14 +19,6 @@ int ByteReader::readU32BE(std::uint32_t* v) {
        (static_cast<std::uint32_t>(m_p[2]) << 8) | m_p[3];
   m_p += 4;
   m_n -= 4;
-  return BS_OK;
-}
-
-int ByteReader::readBytes(std::size_t n, const unsigned char** p) {
-  if (m_n < n) return BS_OUT_OF_RANGE;
-  *p = m_p;
-  m_p += n;
-  m_n -= n;
   return BS_OK;
 }
 
@@ -59,12 +40,82 @@ int ByteReader::readReader(std::size_t n, ByteReader* out) {
   return BS_OK;
 }
 
-int ByteReader::skip(std::size_t n) {
-  if (m_n < n) return BS_OUT_OF_RANGE;
-  m_p += n;
-  m_n -= n;
+int ByteReader::readLength(std::uint32_t* pnLength, bool* pbIndefinite) {
+  ByteReader r = *this;
+  std::uint8_t first = 0;
+  if (r.readU8(&first) != BS_OK) return BS_OUT_OF_RANGE;
+  *pbIndefinite = false;
+  std::uint32_t len = first;
+  if (first == 0x80) {
+    *pbIndefinite = true;
+    len = 0;
+  } else if (first > 0x80) {
+    const int octets = first & 0x7F;
+    if (octets > qva_limits::kMaxLengthOctets) return BR_TOO_LONG;
+    len = 0;
+    for (int i = 0; i < octets; ++i) {
+      std::uint8_t digit = 0;
+      if (r.readU8(&digit) != BS_OK) return BS_OUT_OF_RANGE;
+      len = (len << 8) | digit;
+    }
+    // Lengths are kept in signed 32-bit fields.
+    if (len > static_cast<std::uint32_t>(INT32_MAX)) return BR_TOO_LONG;
+  }
+  *pnLength = len;
+  *this = r;
   return BS_OK;
 }
+
+int ByteReader::readTagLengthSlow(TagLength* out) {
+  ByteReader r = *this;
+  TagLength h;
+  if (r.readU8(&h.first) != BS_OK) return BS_OUT_OF_RANGE;
+  h.tagNo = h.first & 0x1Fu;
+  if (h.tagNo == 0x1F) {
+    h.tagNo = 0;
+    std::uint8_t b = 0;
+    int octets = 1;
+    do {
+      if (++octets > qva_limits::kMaxTagOctets) return BR_TOO_LONG;
+      if (r.readU8(&b) != BS_OK) return BS_OUT_OF_RANGE;
+      h.tagNo = (h.tagNo << 7) | (b & 0x7Fu);
+    } while (b & 0x80);
+  }
+  h.idLength = m_n - r.m_n;
+  if (const int rc = r.readLength(&h.contentLength, &h.indefinite)) return rc;
+  h.headerLength = m_n - r.m_n;
+  if (!h.indefinite && h.contentLength > r.m_n) return BS_OUT_OF_RANGE;
+  *out = h;
+  *this = r;
+  return BS_OK;
+}
+
+namespace {
+
+int FindEnd(ByteReader r, std::size_t* pnLength, int depth) {
+  // Each nested indefinite length costs a frame: hostile input could nest
+  // them until the stack runs out.
+  if (depth > qva_limits::kMaxIndefiniteDepth) return BR_TOO_LONG;
+  const std::size_t total = r.remaining();
+  for (;;) {
+    if (r.remaining() >= 2 && r.data()[0] == 0 && r.data()[1] == 0) {
+      *pnLength = total - r.remaining();
+      return BS_OK;
+    }
+    TagLength h;
+    if (const int rc = r.readTagLength(&h)) return rc;
+    std::size_t len = h.contentLength;
+    if (h.indefinite) {
+      if (const int rc = FindEnd(r, &len, depth + 1)) return rc;
+      len += 2;
+    }
+    if (r.skip(len) != BS_OK) return BS_OUT_OF_RANGE;
+  }
+}
+
+}  // namespace
+
+int ByteReader::findEndOfContents(std::size_t* pnLength) const { return FindEnd(*this, pnLength, 1); }
 
 ByteWriter::~ByteWriter() { std::free(m_p); }
 

@@ -248,23 +248,16 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 2);
       r.skip(static_cast<std::size_t>(used - 1));
     }
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
-    std::uint32_t len = first;
-    if (first == 0x80) {
+    std::uint32_t len = 0;
+    bool indefinite = false;
+    if (const int rc = r.readLength(&len, &indefinite); rc != BS_OK)
+      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError)
+                               : ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
         return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 3);
       len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
-    } else if (first > 0x80) {
-      len = 0;
-      for (int i = first - 0x80; i > 0; --i) {
-        std::uint8_t digit = 0;
-        if (r.readU8(&digit) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
-        if (len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-          return ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError);
-        len = (len << 8) | digit;
-      }
     }
     if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
   }
@@ -310,31 +303,23 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   // input. The checks compare with what is left of the input, so an element
   // that runs past the data is refused whatever its identifier's size.
   auto readLength = [&](const LengthCodes& codes, std::uint32_t* pLen) -> int {
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
-    if (first < 0x80) {
-      *pLen = first;
-      if (r.remaining() < first) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
-      return 0;
-    }
-    if (first == 0x80) {
-      int len = 0;
-      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &len) != 0)
-        return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
-      if (r.remaining() < static_cast<std::size_t>(len) + 2)
-        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, kLengthError);
-      *pLen = static_cast<std::uint32_t>(len);
-      return 0;
-    }
+    if (r.empty()) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
+    const bool shortForm = r.data()[0] < 0x80;
     std::uint32_t len = 0;
-    for (int i = first - 0x80; i > 0; --i) {
-      std::uint8_t digit = 0;
-      // A length that does not fit a signed 32-bit accumulator cannot lie within the input.
-      if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
-      len = (len << 8) | digit;
+    bool indefinite = false;
+    if (r.readLength(&len, &indefinite) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+    if (indefinite) {
+      int inner = 0;
+      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
+        return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
+      if (r.remaining() < static_cast<std::size_t>(inner) + 2)
+        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, kLengthError);
+      *pLen = static_cast<std::uint32_t>(inner);
+      return 0;
     }
-    if (r.remaining() < len) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+    if (r.remaining() < len)
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", shortForm ? codes.nShort : codes.nLong, kLengthError);
     *pLen = len;
     return 0;
   };

@@ -100,8 +100,19 @@ int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const unsigne
     m_pBorrowed = content;
     m_nBorrowed = contentLength;
   }
+  if (m_bNoTable) return 0;
   if (ExtractComponentInfo() != 0) return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", 3);
   return 0;
+}
+
+int ASN1Sequence::borrowContents(const unsigned char* pData, int nData, const unsigned char** ppContent,
+                                 int* pnContent) {
+  m_bBorrow = m_bNoTable = true;
+  const int rc = fromASN1View(pData, nData);
+  m_bBorrow = m_bNoTable = false;
+  *ppContent = rc == 0 ? m_pBorrowed : nullptr;
+  *pnContent = rc == 0 ? m_nBorrowed : 0;
+  return rc;
 }
 
 int ASN1Sequence::borrowComponents(const unsigned char* pData, int nData) {
@@ -159,22 +170,15 @@ int ASN1Sequence::ExtractComponentInfo() {
     entry.nOffset = static_cast<int>(start - p);
     entry.nTagKey = tagged == ASN1_UNTAGGED ? -static_cast<int>(tag) : tagNo;
 
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
-    std::uint32_t len = first;
-    if (first == 0x80) {
+    std::uint32_t len = 0;
+    bool indefinite = false;
+    if (r.readLength(&len, &indefinite) != BS_OK)
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+    if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
         return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 5));
       len = static_cast<std::uint32_t>(inner) + 2;
-    } else if (first > 0x80) {
-      len = 0;
-      for (int i = first - 0x80; i > 0; --i) {
-        std::uint8_t digit = 0;
-        if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-          return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
-        len = (len << 8) | digit;
-      }
     }
     if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
     ++count;

@@ -63,6 +63,11 @@ class ASN1Sequence : public ASN1Object {
   // caller's bytes, which must outlive their use; getValue() stays empty.
   // The structure engines walk their components this way.
   int borrowComponents(const unsigned char* pData, int nData);
+  // The same decode up to the contents only: no component table is built
+  // (getComponentCount() stays 0); the contents span is handed back. A
+  // caller that finds a component it cannot vouch for calls
+  // ExtractComponentInfo() for the walk's own result and trace.
+  int borrowContents(const unsigned char* pData, int nData, const unsigned char** ppContent, int* pnContent);
 
   // Builds the component table from m_bsValue; 0 or codes 1-5.
   int ExtractComponentInfo();
@@ -90,6 +95,7 @@ class ASN1Sequence : public ASN1Object {
 
  private:
   bool m_bBorrow = false;                     // set only while borrowComponents decodes
+  bool m_bNoTable = false;                    // set only while borrowContents decodes
   const unsigned char* m_pBorrowed = nullptr;  // the caller's contents after borrowComponents
   int m_nBorrowed = 0;
 };

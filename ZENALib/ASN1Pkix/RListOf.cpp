@@ -27,16 +27,15 @@ ByteString& RListBase::toASN1Object() {
 int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   m_nErrorCode = 0;
   removeAllItems();
-  ASN1Set set;
-  ASN1Sequence sequence;
-  ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
-  // The components are walked in place: no copy of the contents.
-  int rc = asnSeq.borrowComponents(pData, nData);
-  if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
-  for (int i = 0; i < asnSeq.getComponentCount(); ++i) {
-    const unsigned char* p = nullptr;
-    int n = 0;
-    asnSeq.getComponentBytes(i, &p, &n);
+  // The items are walked in place: no copy of the contents.
+  RComponentWalk walk(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE);
+  int rc = walk.open(pData, nData);
+  if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, walk.sequence().getErrorMessage().c_str());
+  // Room for every item at once: growing would copy the items decoded so far.
+  reserveItems(walk.count());
+  const unsigned char* p = nullptr;
+  int n = 0;
+  while (walk.next(&p, &n)) {
     ASN1Object& item = appendItem();
     if ((rc = item.fromASN1View(p, n)) != 0)
       return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());

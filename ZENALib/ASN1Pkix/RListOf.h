@@ -26,6 +26,7 @@ class RListBase : public RObject {
   virtual ASN1Object& itemAt(int i) = 0;
   virtual ASN1Object& appendItem() = 0;
   virtual void removeAllItems() = 0;
+  virtual void reserveItems(int n) = 0;
 
  private:
   const char* m_szClass;
@@ -50,6 +51,7 @@ class RListOf : public RListBase {
     return m_items.back();
   }
   void removeAllItems() override { m_items.clear(); }
+  void reserveItems(int n) override { m_items.reserve(static_cast<std::size_t>(n)); }
 
   std::vector<T> m_items;
 };

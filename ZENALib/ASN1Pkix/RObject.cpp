@@ -47,46 +47,21 @@ const char* RTagName(int tag) {
 int RReadHeader(const unsigned char* p, int n, RElementHeader* h) {
   if (!p || n < 2) return R_ERR_FORMAT;
   ByteReader r(p, static_cast<std::size_t>(n));
-  std::uint8_t b = 0;
-  r.readU8(&h->first);
-  h->tagNo = h->first & 0x1F;
-  if (h->tagNo == 0x1F) {
-    // High tag number: at most three more identifier octets.
-    h->tagNo = 0;
-    int extra = 0;
-    do {
-      if (++extra >= qva_limits::kMaxTagOctets || r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-      h->tagNo = (h->tagNo << 7) | (b & 0x7F);
-    } while (b & 0x80);
-  }
-  h->idLength = n - static_cast<int>(r.remaining());
-  if (r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-  if (b < 0x80) {
-    h->contentLength = b;
-  } else if (b == 0x80) {
-    h->contentLength = -1;
-  } else {
-    const int octets = b & 0x7F;
-    if (octets > qva_limits::kMaxLengthOctets) return R_ERR_FORMAT;
-    std::uint32_t len = 0;
-    for (int i = 0; i < octets; ++i) {
-      if (r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-      len = (len << 8) | b;
-    }
-    if (len > static_cast<std::uint32_t>(INT32_MAX)) return R_ERR_FORMAT;
-    h->contentLength = static_cast<int>(len);
-  }
-  h->headerLength = n - static_cast<int>(r.remaining());
-  if (h->contentLength >= 0) {
-    if (static_cast<std::size_t>(h->contentLength) > r.remaining()) return R_ERR_FORMAT;
+  TagLength t;
+  if (r.readTagLength(&t) != BS_OK) return R_ERR_FORMAT;
+  h->first = t.first;
+  h->tagNo = static_cast<int>(t.tagNo);
+  h->idLength = static_cast<int>(t.idLength);
+  h->headerLength = static_cast<int>(t.headerLength);
+  if (!t.indefinite) {
+    h->contentLength = static_cast<int>(t.contentLength);
     h->totalLength = h->headerLength + h->contentLength;
-  } else {
-    ASN1Object scanner;
-    int len = 0;
-    if (scanner.findIndefiniteLengEnd(p + h->headerLength, n - h->headerLength, &len) != 0) return R_ERR_FORMAT;
-    if (len > n - h->headerLength - 2) return R_ERR_FORMAT;
-    h->totalLength = h->headerLength + len + 2;
+    return 0;
   }
+  std::size_t len = 0;
+  if (r.findEndOfContents(&len) != BS_OK || len + 2 > r.remaining()) return R_ERR_FORMAT;
+  h->contentLength = -1;
+  h->totalLength = h->headerLength + static_cast<int>(len) + 2;
   return 0;
 }
 
@@ -97,6 +72,54 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
   const int n = outer.length();
   if (RReadHeader(p, n, &h) == 0 && RReadHeader(p + h.headerLength, n - h.headerLength, &first) == 0)
     out->setData(p + h.headerLength, first.totalLength);
+}
+
+RComponentWalk::RComponentWalk(unsigned char ucTag)
+    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(&m_set) : &m_sequence) {}
+
+int RComponentWalk::open(const unsigned char* pData, int nData) {
+  if (const int rc = m_pSeq->borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
+  ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
+  int count = 0;
+  while (!r.empty()) {
+    TagLength t;
+    const unsigned char first = r.data()[0];
+    const unsigned char utag = static_cast<unsigned char>(first & 0x1F);
+    // The component table refuses these universal tags; let it say so.
+    const bool reserved = !(first & 0xC0) && ((utag >= 13 && utag <= 15) || utag == 29 || utag == 31);
+    if (reserved || r.readTagLength(&t) != BS_OK || t.indefinite) {
+      // The whole decode again, so a refusal carries the sequence's own trace.
+      m_bTable = true;
+      if (const int rc = m_pSeq->borrowComponents(pData, nData)) return rc;
+      m_nCount = m_pSeq->getComponentCount();
+      return 0;
+    }
+    r.skip(t.contentLength);
+    if (count < kKept) m_anLength[count] = static_cast<int>(t.headerLength + t.contentLength);
+    ++count;
+  }
+  m_nCount = count;
+  return 0;
+}
+
+bool RComponentWalk::next(const unsigned char** pp, int* pn) {
+  if (m_nNext >= m_nCount) return false;
+  if (m_bTable) {
+    m_pSeq->getComponentBytes(m_nNext++, pp, pn);
+    return true;
+  }
+  *pp = m_pContent + m_nOffset;
+  if (m_nNext < kKept) {
+    *pn = m_anLength[m_nNext];
+  } else {
+    ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
+    TagLength t;
+    r.readTagLength(&t);  // vouched for by open()
+    *pn = static_cast<int>(t.headerLength + t.contentLength);
+  }
+  m_nOffset += *pn;
+  ++m_nNext;
+  return true;
 }
 
 RObject::RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }

@@ -11,6 +11,7 @@
 
 #include "ZENALib/ASN1/ASN1Object.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
+#include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1Pkix/RSchema.h"
 
 constexpr int R_ERR_COUNT = 21;
@@ -39,6 +40,38 @@ int RReadHeader(const unsigned char* p, int n, RElementHeader* h);
 // checked over these bytes, never over a re-encoding). Empty when it cannot
 // be read.
 void RFirstComponentBytes(const ByteString& outer, ByteString* out);
+
+// The components of a constructed value as the engines walk them: the
+// contents are read in place, one element after another. open() decodes the
+// outer element exactly as ASN1Sequence (or ASN1Set) does; the components are
+// then counted with the bounded header reader, and only when one of them is
+// something that reader does not vouch for (an indefinite length, a reserved
+// tag) is the sequence's own component table built, so its result and its
+// trace are the ones callers see.
+class RComponentWalk {
+ public:
+  explicit RComponentWalk(unsigned char ucTag);
+  // 0, or the sequence's code (its trace in sequence().getErrorMessage()).
+  int open(const unsigned char* pData, int nData);
+  int count() const { return m_nCount; }
+  // The next component's element; false when none is left.
+  bool next(const unsigned char** pp, int* pn);
+  const ASN1Sequence& sequence() const { return *m_pSeq; }
+
+ private:
+  ASN1Sequence m_sequence;
+  ASN1Set m_set;
+  ASN1Sequence* m_pSeq;
+  const unsigned char* m_pContent = nullptr;
+  int m_nContent = 0;
+  int m_nCount = 0;
+  int m_nNext = 0;
+  int m_nOffset = 0;
+  bool m_bTable = false;
+  // The lengths of the first components, found while counting.
+  static constexpr int kKept = 16;
+  int m_anLength[kKept];
+};
 
 class RObject : public ASN1Object {
  public:

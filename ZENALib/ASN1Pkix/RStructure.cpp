@@ -62,22 +62,20 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nPresent = 0;
-  ASN1Set set;
-  ASN1Sequence sequence;
-  ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
   // The components are walked in place: no copy of the contents.
-  int rc = asnSeq.borrowComponents(pData, nData);
-  if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
-  const int count = asnSeq.getComponentCount();
+  RComponentWalk walk(s.tag);
+  int rc = walk.open(pData, nData);
+  if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, walk.sequence().getErrorMessage().c_str());
+  const int count = walk.count();
   if ((rc = checkCount(count)) != 0) return rc;
 
-  int next = 0;  // index of the next unread component
+  const unsigned char* p = nullptr;
+  int n = 0;
+  bool pending = walk.next(&p, &n);  // the next unread component, if any
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
-    const unsigned char* p = nullptr;
-    int n = 0;
     RElementHeader h{};
-    const bool have = next < count && asnSeq.getComponentBytes(next, &p, &n) == 0 && RReadHeader(p, n, &h) == 0;
+    const bool have = pending && RReadHeader(p, n, &h) == 0;
     if (!have || !fieldMatches(f, h)) {
       if (f.flags & R_VERSION) {
         // Absent version: v1 (0), and the component index does not advance.
@@ -97,7 +95,7 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
     componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
-    ++next;
+    pending = walk.next(&p, &n);
   }
   // Components after the last known one (extensions of the schema) are ignored.
   return 0;
