@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/Limits.h"
+#include "base/SecureZero.h"
 
 int ByteReader::readU16BE(std::uint16_t* v) {
   if (m_n < 2) return BS_OUT_OF_RANGE;
@@ -117,7 +118,28 @@ int FindEnd(ByteReader r, std::size_t* pnLength, int depth) {
 
 int ByteReader::findEndOfContents(std::size_t* pnLength) const { return FindEnd(*this, pnLength, 1); }
 
-ByteWriter::~ByteWriter() { std::free(m_p); }
+ByteWriter::~ByteWriter() {
+  if (m_bSecret && m_p) SecureZero(m_p, m_nCapacity);
+  std::free(m_p);
+}
+
+namespace {
+
+// realloc, except that a secret block is copied and wiped rather than left
+// behind in freed memory.
+unsigned char* Resize(unsigned char* p, std::size_t used, std::size_t capacity, std::size_t n, bool secret) {
+  if (!secret) return static_cast<unsigned char*>(std::realloc(p, n));
+  auto* q = static_cast<unsigned char*>(std::malloc(n));
+  if (!q) return nullptr;
+  if (p) {
+    std::memcpy(q, p, used < n ? used : n);
+    SecureZero(p, capacity);
+    std::free(p);
+  }
+  return q;
+}
+
+}  // namespace
 
 bool ByteWriter::grow(std::size_t extra) {
   if (m_nStatus != BS_OK) return false;
@@ -130,7 +152,7 @@ bool ByteWriter::grow(std::size_t extra) {
   if (need <= m_nCapacity) return true;
   std::size_t cap = m_nCapacity ? m_nCapacity : 64;
   while (cap < need) cap = cap > SIZE_MAX / 2 ? need : cap * 2;
-  auto* p = static_cast<unsigned char*>(std::realloc(m_p, cap));
+  auto* p = Resize(m_p, m_nSize, m_nCapacity, cap, m_bSecret);
   if (!p) {
     m_nStatus = BS_NO_MEMORY;
     return false;
@@ -170,12 +192,13 @@ int ByteWriter::finish(ByteString* out) {
   if (rc == BS_OK) {
     if (!grow(0)) return m_nStatus;  // room for the terminator even when empty
     // Shrink to the exact size a ByteString keeps; a failed shrink keeps the block.
-    auto* exact = static_cast<unsigned char*>(std::realloc(m_p, m_nSize + 1));
+    auto* exact = Resize(m_p, m_nSize, m_nCapacity, m_nSize + 1, m_bSecret);
     if (exact) m_p = exact;
     m_p[m_nSize] = 0;
     out->adopt(m_p, static_cast<int>(m_nSize));
     m_p = nullptr;
   }
+  if (m_bSecret && m_p) SecureZero(m_p, m_nCapacity);
   std::free(m_p);
   m_p = nullptr;
   m_nSize = m_nCapacity = 0;

@@ -112,6 +112,13 @@ class ByteWriter {
   ByteWriter(const ByteWriter&) = delete;
   ByteWriter& operator=(const ByteWriter&) = delete;
 
+  // A secret writer never leaves a copy behind: growing moves the bytes to
+  // a new block and wipes the old one, and a failed or reset writer wipes
+  // what it held.
+  ByteWriter& secret(bool bSecret) {
+    m_bSecret = bSecret;
+    return *this;
+  }
   // Reserves room for n more bytes ahead of time.
   ByteWriter& reserve(std::size_t n);
   ByteWriter& u8(std::uint8_t v);
@@ -135,4 +142,5 @@ class ByteWriter {
   std::size_t m_nSize = 0;
   std::size_t m_nCapacity = 0;
   int m_nStatus = BS_OK;
+  bool m_bSecret = false;
 };

@@ -1,9 +1,11 @@
 #include "ZENALib/ASN1/ASN1Object.h"
 
 #include <cstring>
+#include <utility>
 
 #include "base/ByteReader.h"
 #include "base/Limits.h"
+#include "base/SecureZero.h"
 
 namespace {
 
@@ -59,7 +61,45 @@ ASN1Object::ASN1Object()
       m_nErrorCode(0),
       m_ucConstructed(0) {}
 
-ASN1Object::~ASN1Object() = default;
+ASN1Object::~ASN1Object() { wipeSecret(); }
+
+void ASN1Object::wipeSecret() {
+  if (!m_bSecret) return;
+  m_bsValue.zeroize();
+  m_bsEncoded.zeroize();
+}
+
+ASN1Object& ASN1Object::operator=(const ASN1Object& other) {
+  if (this == &other) return *this;
+  wipeSecret();
+  m_ucPrimitiveTag = other.m_ucPrimitiveTag;
+  m_ucTaggedType = other.m_ucTaggedType;
+  m_nOptionTagNo = other.m_nOptionTagNo;
+  m_ucTagClass = other.m_ucTagClass;
+  m_nErrorCode = other.m_nErrorCode;
+  m_bsValue = other.m_bsValue;
+  m_bsEncoded = other.m_bsEncoded;
+  m_bsErrorMsg = other.m_bsErrorMsg;
+  m_ucConstructed = other.m_ucConstructed;
+  m_bSecret = other.m_bSecret;
+  return *this;
+}
+
+ASN1Object& ASN1Object::operator=(ASN1Object&& other) noexcept {
+  if (this == &other) return *this;
+  wipeSecret();
+  m_ucPrimitiveTag = other.m_ucPrimitiveTag;
+  m_ucTaggedType = other.m_ucTaggedType;
+  m_nOptionTagNo = other.m_nOptionTagNo;
+  m_ucTagClass = other.m_ucTagClass;
+  m_nErrorCode = other.m_nErrorCode;
+  m_bsValue = std::move(other.m_bsValue);
+  m_bsEncoded = std::move(other.m_bsEncoded);
+  m_bsErrorMsg = std::move(other.m_bsErrorMsg);
+  m_ucConstructed = other.m_ucConstructed;
+  m_bSecret = other.m_bSecret;
+  return *this;
+}
 
 void ASN1Object::setErrorMessage(const char* szFile, int nLine, const char* szClass, const char* szMethod,
                                  const char* szField, int nCode, const char* szMessage) {
@@ -111,6 +151,7 @@ int ASN1Object::putLength(unsigned char* out, std::uint32_t nLength) {
 ByteString& ASN1Object::toASN1Object() {
   static const char kMethod[] = "toASN1Object";
   m_nErrorCode = 0;
+  if (m_bSecret) m_bsEncoded.zeroize();  // the encoding is written again below
   m_bsEncoded.clear();
 
   // Inner header: identifier (absent for an implicit tag or an untyped
@@ -162,7 +203,7 @@ ByteString& ASN1Object::toASN1Object() {
     ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
     return m_bsEncoded;
   }
-  w.reserve(static_cast<std::size_t>(total));
+  w.secret(m_bSecret).reserve(static_cast<std::size_t>(total));
   w.bytes(outer, static_cast<std::size_t>(outerHeader))
       .bytes(inner, static_cast<std::size_t>(innerHeader))
       .bytes(m_bsValue);
@@ -281,6 +322,7 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
       *pnContent = len;
       return 0;
     }
+    if (m_bSecret) m_bsValue.zeroize();
     if (m_bsValue.setData(p, len) != BS_OK)
       return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
     return 0;
@@ -373,6 +415,7 @@ int ASN1Object::setValue(const void* pData, int nLength) {
   if (!pData || nLength < 0) nLength = 0;
   const unsigned char* p = pData ? static_cast<const unsigned char*>(pData) : reinterpret_cast<const unsigned char*>("");
   if (const int rc = checkValue(p, nLength)) return rc;
+  if (m_bSecret) m_bsValue.zeroize();
   if (m_bsValue.setData(p, nLength) != BS_OK)
     return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, "Memory Allocation Error");
   return afterSetValue();

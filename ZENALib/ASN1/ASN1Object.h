@@ -55,9 +55,15 @@ class ASN1Object {
   ASN1Object();
   virtual ~ASN1Object();
   ASN1Object(const ASN1Object&) = default;
-  ASN1Object& operator=(const ASN1Object&) = default;
+  ASN1Object& operator=(const ASN1Object& other);
   ASN1Object(ASN1Object&&) = default;
-  ASN1Object& operator=(ASN1Object&&) = default;
+  ASN1Object& operator=(ASN1Object&& other) noexcept;
+
+  // A secret value (key material, PBE parameters) is wiped before its memory
+  // goes back to the heap: on destruction, and before a decode, setValue,
+  // assignment or encoding replaces it. Copies keep the mark.
+  void setSecret(bool bSecret) { m_bSecret = bSecret; }
+  bool isSecret() const { return m_bSecret; }
 
   // toASN1Object builds the DER encoding from the identifier fields and
   // m_bsValue and returns a reference to it (held by this object). On failure
@@ -170,8 +176,11 @@ class ASN1Object {
   ByteString m_bsEncoded;
   ByteString m_bsErrorMsg;
   unsigned char m_ucConstructed;
+  bool m_bSecret = false;
 
  private:
+  // Wipes the value and the encoding when they are secret.
+  void wipeSecret();
   int findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* pnLength, int nDepth);
 };
 

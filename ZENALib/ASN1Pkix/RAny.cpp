@@ -4,6 +4,7 @@ int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
   if (RReadHeader(p, n, &h) != 0) return R_ERR_FORMAT;
   const int content = h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
+  if (isSecret()) m_bsElement.zeroize();
   m_bsElement.setData(p, h.totalLength);
   m_bsValue.setData(p + h.headerLength, content);
   m_ucConstructed = static_cast<unsigned char>(h.first & ASN1_CONSTRUCTED);

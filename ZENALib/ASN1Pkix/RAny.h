@@ -11,6 +11,11 @@
 class RAny : public RObject {
  public:
   RAny() : RObject(ASN1_TAG_NONE) {}
+  RAny(const RAny&) = default;
+  RAny& operator=(const RAny&) = default;
+  ~RAny() override {
+    if (isSecret()) m_bsElement.zeroize();
+  }
   const char* className() const override { return "RAny"; }
   ByteString& toASN1Object() override;
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
