@@ -163,6 +163,17 @@ bool ByteWriter::grow(std::size_t extra) {
 }
 
 ByteWriter& ByteWriter::reserve(std::size_t n) {
+  // A first reservation is taken exactly: a writer told its size ahead
+  // ends with the one block it started with.
+  if (!m_p && m_nStatus == BS_OK && n <= static_cast<std::size_t>(INT32_MAX)) {
+    m_p = static_cast<unsigned char*>(std::malloc(n + 1));
+    if (!m_p) {
+      m_nStatus = BS_NO_MEMORY;
+      return *this;
+    }
+    m_nCapacity = n + 1;
+    return *this;
+  }
   grow(n);
   return *this;
 }

@@ -148,65 +148,83 @@ int ASN1Object::putLength(unsigned char* out, std::uint32_t nLength) {
   return digits + 1;
 }
 
+int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTaggedType, int nOptionTagNo,
+                            unsigned char ucTagClass, unsigned char ucConstructed, std::uint64_t nContent,
+                            Header* h) {
+  h->nOuter = h->nInner = 0;
+  h->szField = "m_bsValue";
+  // Inner header: identifier (absent for an implicit tag or an untyped
+  // holder) and the length octets of the value.
+  if (ucPrimitiveTag == ASN1_TAG_NONE) {
+    if (ucTaggedType != ASN1_EXPLICIT || nOptionTagNo < 0) {
+      h->szField = "m_ucTaggedType";
+      return 1;
+    }
+  } else if (ucTaggedType != ASN1_IMPLICIT) {
+    const bool constructed = IsConstructedUniversal(ucPrimitiveTag) || ucConstructed == ASN1_CONSTRUCTED;
+    h->inner[h->nInner++] = static_cast<unsigned char>(ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
+  }
+  if (nContent > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  h->nInner += putLength(h->inner + h->nInner, static_cast<std::uint32_t>(nContent));
+  const std::uint64_t innerLen = static_cast<std::uint64_t>(h->nInner) + nContent;
+
+  // Outer header: the tag's identifier and, when explicit, the length of the inner part.
+  if (ucTaggedType != ASN1_UNTAGGED) {
+    if (nOptionTagNo < 0) {
+      h->szField = "m_nOptionTagNo";
+      return 2;
+    }
+    if (nOptionTagNo <= 30) {
+      unsigned char id = static_cast<unsigned char>(ucTagClass | nOptionTagNo);
+      if (ucTaggedType == ASN1_IMPLICIT && IsConstructedUniversal(ucPrimitiveTag)) id |= ASN1_CONSTRUCTED;
+      h->outer[h->nOuter++] = id;
+    } else {
+      h->outer[h->nOuter++] = static_cast<unsigned char>(ucTagClass | 0x1F);
+      h->nOuter += putBase128(h->outer + h->nOuter, static_cast<std::uint32_t>(nOptionTagNo));
+    }
+    if (ucTaggedType == ASN1_EXPLICIT) {
+      if (innerLen > 0xFFFFFFFFu) return 3;
+      h->nOuter += putLength(h->outer + h->nOuter, static_cast<std::uint32_t>(innerLen));
+    }
+  }
+  // A ByteString holds at most INT32_MAX octets.
+  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  return 0;
+}
+
+std::int64_t ASN1Object::encodedLength() {
+  Header h;
+  if (buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                  static_cast<std::uint64_t>(m_bsValue.length()), &h) != 0)
+    return -1;
+  return h.nOuter + h.nInner + m_bsValue.length();
+}
+
+int ASN1Object::encodeTo(ByteWriter& w) {
+  Header h;
+  if (buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                  static_cast<std::uint64_t>(m_bsValue.length()), &h) != 0)
+    return -1;
+  if (m_bSecret) w.secret(true);
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
+  return 0;
+}
+
 ByteString& ASN1Object::toASN1Object() {
   static const char kMethod[] = "toASN1Object";
   m_nErrorCode = 0;
   if (m_bSecret) m_bsEncoded.zeroize();  // the encoding is written again below
   m_bsEncoded.clear();
-
-  // Inner header: identifier (absent for an implicit tag or an untyped
-  // holder) and the length octets of the value.
-  unsigned char inner[8];
-  int innerHeader = 0;
-  if (m_ucPrimitiveTag == ASN1_TAG_NONE) {
-    if (m_ucTaggedType != ASN1_EXPLICIT || m_nOptionTagNo < 0) {
-      ASN1_FAIL(kClass, kMethod, "m_ucTaggedType", 1, kFormatError);
-      return m_bsEncoded;
-    }
-  } else if (m_ucTaggedType != ASN1_IMPLICIT) {
-    const bool constructed = IsConstructedUniversal(m_ucPrimitiveTag) || m_ucConstructed == ASN1_CONSTRUCTED;
-    inner[innerHeader++] = static_cast<unsigned char>(m_ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
-  }
-  const std::uint32_t valueLen = static_cast<std::uint32_t>(m_bsValue.length());
-  innerHeader += putLength(inner + innerHeader, valueLen);
-  const std::uint64_t innerLen = static_cast<std::uint64_t>(innerHeader) + valueLen;
-
-  // Outer header: the tag's identifier and, when explicit, the length of the inner part.
-  unsigned char outer[16];
-  int outerHeader = 0;
-  if (m_ucTaggedType != ASN1_UNTAGGED) {
-    if (m_nOptionTagNo < 0) {
-      ASN1_FAIL(kClass, kMethod, "m_nOptionTagNo", 2, kFormatError);
-      return m_bsEncoded;
-    }
-    if (m_nOptionTagNo <= 30) {
-      unsigned char id = static_cast<unsigned char>(m_ucTagClass | m_nOptionTagNo);
-      if (m_ucTaggedType == ASN1_IMPLICIT && IsConstructedUniversal(m_ucPrimitiveTag)) id |= ASN1_CONSTRUCTED;
-      outer[outerHeader++] = id;
-    } else {
-      outer[outerHeader++] = static_cast<unsigned char>(m_ucTagClass | 0x1F);
-      outerHeader += putBase128(outer + outerHeader, static_cast<std::uint32_t>(m_nOptionTagNo));
-    }
-    if (m_ucTaggedType == ASN1_EXPLICIT) {
-      if (innerLen > 0xFFFFFFFFu) {
-        ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
-        return m_bsEncoded;
-      }
-      outerHeader += putLength(outer + outerHeader, static_cast<std::uint32_t>(innerLen));
-    }
-  }
-
-  // One allocation for the whole encoding; a ByteString holds at most INT32_MAX octets.
-  const std::uint64_t total = innerLen + static_cast<std::uint64_t>(outerHeader);
-  ByteWriter w;
-  if (total > static_cast<std::uint64_t>(INT32_MAX)) {
-    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+  Header h;
+  if (const int rc = buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                                 static_cast<std::uint64_t>(m_bsValue.length()), &h)) {
+    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == 3 ? "Memory Allocation Error" : kFormatError);
     return m_bsEncoded;
   }
-  w.secret(m_bSecret).reserve(static_cast<std::size_t>(total));
-  w.bytes(outer, static_cast<std::size_t>(outerHeader))
-      .bytes(inner, static_cast<std::size_t>(innerHeader))
-      .bytes(m_bsValue);
+  // One allocation for the whole encoding.
+  ByteWriter w;
+  w.secret(m_bSecret).reserve(static_cast<std::size_t>(h.nOuter + h.nInner + m_bsValue.length()));
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
   if (w.finish(&m_bsEncoded) != BS_OK) {
     m_bsEncoded.clear();
     ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");

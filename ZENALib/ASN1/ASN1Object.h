@@ -15,6 +15,8 @@
 
 #include "base/ByteString.h"
 
+class ByteWriter;
+
 // Universal tag numbers.
 constexpr unsigned char ASN1_TAG_BOOLEAN = 1;
 constexpr unsigned char ASN1_TAG_INTEGER = 2;
@@ -70,6 +72,13 @@ class ASN1Object {
   // the result is empty and getErrorCode() says why (1 untyped holder that is
   // not explicitly tagged, 2 negative tag number, 3 no memory).
   virtual ByteString& toASN1Object();
+  // One-pass encoding: the length of what toASN1Object would write (-1 when
+  // it would fail; toASN1Object then says why), and the writing of it into
+  // w, which has room for it (0, or -1). Structures encode every member into
+  // one writer this way. A class that overrides toASN1Object overrides
+  // these two as well, or returns -1 so its parent asks toASN1Object.
+  virtual std::int64_t encodedLength();
+  virtual int encodeTo(ByteWriter& w);
   // fromASN1Object parses one encoding (octets after it are ignored) and
   // keeps its contents in m_bsValue; returns 0 or codes 1-12 (see README.md).
   virtual int fromASN1Object(const ByteString& bsData);
@@ -161,6 +170,20 @@ class ASN1Object {
   virtual int checkValue(const unsigned char* p, int n);
   // Runs after a value was stored by setValue (sequences rebuild their table).
   virtual int afterSetValue();
+
+  // Identifier and length octets around nContent octets of contents.
+  struct Header {
+    unsigned char outer[16];  // the tag's identifier, and its length when explicit
+    int nOuter;
+    unsigned char inner[8];  // universal identifier (unless implicit) and the contents' length
+    int nInner;
+    const char* szField;  // the field a failure names
+  };
+  // The headers for the given identifier fields; 0, or the code
+  // toASN1Object reports (1 untyped holder not explicitly tagged, 2 negative
+  // tag number, 3 longer than a ByteString holds).
+  static int buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTaggedType, int nOptionTagNo,
+                         unsigned char ucTagClass, unsigned char ucConstructed, std::uint64_t nContent, Header* h);
 
   // Encodes a length (definite, minimal) into out; returns the octets written (1-5).
   static int putLength(unsigned char* out, std::uint32_t nLength);

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 
+#include "base/ByteReader.h"
+
 int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
   if (RReadHeader(p, n, &h) != 0) return R_ERR_FORMAT;
@@ -16,6 +18,27 @@ int RAny::setElement(const ByteString& bsElement) {
   if (RReadHeader(bsElement.data(), bsElement.length(), &h) != 0 || h.totalLength != bsElement.length())
     return R_ERR_FORMAT;
   return store(bsElement.data(), bsElement.length());
+}
+
+std::int64_t RAny::encodedLength() {
+  if (m_bsElement.length() == 0) return -1;
+  if (m_ucTaggedType != ASN1_EXPLICIT) return m_bsElement.length();
+  unsigned char header[16];
+  const int nh = explicitHeader(static_cast<std::uint64_t>(m_bsElement.length()), header);
+  return nh < 0 ? -1 : nh + m_bsElement.length();
+}
+
+int RAny::encodeTo(ByteWriter& w) {
+  if (m_bsElement.length() == 0) return -1;
+  if (isSecret()) w.secret(true);
+  if (m_ucTaggedType == ASN1_EXPLICIT) {
+    unsigned char header[16];
+    const int nh = explicitHeader(static_cast<std::uint64_t>(m_bsElement.length()), header);
+    if (nh < 0) return -1;
+    w.bytes(header, static_cast<std::size_t>(nh));
+  }
+  w.bytes(m_bsElement);
+  return 0;
 }
 
 ByteString& RAny::toASN1Object() {

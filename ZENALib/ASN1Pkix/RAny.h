@@ -18,6 +18,8 @@ class RAny : public RObject {
   }
   const char* className() const override { return "RAny"; }
   ByteString& toASN1Object() override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
   int fromASN1View(const unsigned char* pData, int nData) override;
 

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
 
+#include "base/ByteReader.h"
+
 void RChoice::select(const ASN1Object& member) {
   const RSchema& s = schema();
   for (int i = 0; i < s.nFields; ++i)
@@ -10,9 +12,34 @@ bool RChoice::isSelected(const ASN1Object& member) const {
   return m_nSelected >= 0 && &schema().fields[m_nSelected].ref(const_cast<RChoice&>(*this)) == &member;
 }
 
+std::int64_t RChoice::encodedLength() {
+  if (m_nSelected < 0) return -1;
+  const RField& f = schema().fields[m_nSelected];
+  applyFieldTag(f);
+  const std::int64_t n = f.ref(*this).encodedLength();
+  if (n < 0) return -1;
+  m_nContentLength = n;
+  if (m_ucTaggedType != ASN1_EXPLICIT) return n;
+  unsigned char header[16];
+  const int nh = explicitHeader(static_cast<std::uint64_t>(n), header);
+  return nh < 0 ? -1 : nh + n;
+}
+
+int RChoice::encodeTo(ByteWriter& w) {
+  if (m_nSelected < 0) return -1;
+  if (m_ucTaggedType == ASN1_EXPLICIT) {
+    unsigned char header[16];
+    const int nh = explicitHeader(static_cast<std::uint64_t>(m_nContentLength), header);
+    if (nh < 0) return -1;
+    w.bytes(header, static_cast<std::size_t>(nh));
+  }
+  return schema().fields[m_nSelected].ref(*this).encodeTo(w);
+}
+
 ByteString& RChoice::toASN1Object() {
   const RSchema& s = schema();
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
   m_bsEncoded.clear();
   if (m_nSelected < 0) {
     failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, "No alternative is selected.");

@@ -1,9 +1,38 @@
 #include "ZENALib/ASN1Pkix/RListOf.h"
 
 #include "ZENALib/ASN1/ASN1Set.h"
+#include "base/ByteReader.h"
+
+std::int64_t RListBase::encodedLength() {
+  std::int64_t content = 0;
+  for (int i = 0; i < getCount(); ++i) {
+    const std::int64_t n = itemAt(i).encodedLength();
+    if (n < 0) return -1;
+    content += n;
+  }
+  Header h;
+  if (constructedHeader(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE,
+                        static_cast<std::uint64_t>(content), &h) != 0)
+    return -1;
+  m_nContentLength = content;
+  return h.nOuter + h.nInner + content;
+}
+
+int RListBase::encodeTo(ByteWriter& w) {
+  Header h;
+  if (constructedHeader(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE,
+                        static_cast<std::uint64_t>(m_nContentLength), &h) != 0)
+    return -1;
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner));
+  for (int i = 0; i < getCount(); ++i)
+    if (itemAt(i).encodeTo(w) != 0) return -1;
+  return 0;
+}
 
 ByteString& RListBase::toASN1Object() {
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
+  // Item by item, so a failure is reported with the item's trace.
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;

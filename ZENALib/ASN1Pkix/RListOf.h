@@ -17,6 +17,8 @@ class RListBase : public RObject {
  public:
   const char* className() const override { return m_szClass; }
   ByteString& toASN1Object() override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   virtual int getCount() const = 0;

@@ -149,6 +149,36 @@ void RObject::applyFieldTag(const RField& f) {
   if (f.kind == RKind::Implicit) m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
 }
 
+int RObject::explicitHeader(std::uint64_t nInner, unsigned char* out) const {
+  if (m_nOptionTagNo < 0 || nInner > static_cast<std::uint64_t>(INT32_MAX)) return -1;
+  const unsigned char cls = static_cast<unsigned char>(getTagClass() | ASN1_CONSTRUCTED);
+  int n = 0;
+  if (m_nOptionTagNo < 31) {
+    out[n++] = static_cast<unsigned char>(cls | m_nOptionTagNo);
+  } else {
+    out[n++] = static_cast<unsigned char>(cls | 0x1F);
+    n += putBase128(out + n, static_cast<std::uint32_t>(m_nOptionTagNo));
+  }
+  return n + putLength(out + n, static_cast<std::uint32_t>(nInner));
+}
+
+int RObject::constructedHeader(unsigned char ucTag, std::uint64_t nContent, Header* h) const {
+  const unsigned char cls =
+      m_ucTaggedType == ASN1_EXPLICIT ? static_cast<unsigned char>(getTagClass() | ASN1_CONSTRUCTED) : getTagClass();
+  return buildHeader(ucTag, m_ucTaggedType, m_nOptionTagNo, cls, 0, nContent, h);
+}
+
+bool RObject::encodeOnePass() {
+  const std::int64_t n = encodedLength();
+  if (n < 0) return false;
+  ByteWriter w;
+  w.reserve(static_cast<std::size_t>(n));
+  ByteString out;
+  if (encodeTo(w) != 0 || w.size() != static_cast<std::size_t>(n) || w.finish(&out) != BS_OK) return false;
+  m_bsEncoded = std::move(out);
+  return true;
+}
+
 int RObject::wrapExplicit(const ByteString& inner, ByteString* out) const {
   ByteWriter w;
   const unsigned char cls = static_cast<unsigned char>(getTagClass() | ASN1_CONSTRUCTED);

@@ -77,9 +77,14 @@ class RObject : public ASN1Object {
  public:
   // Class name used in traces.
   virtual const char* className() const = 0;
-  // The encoding built by the last toASN1Object (decoding does not keep the
-  // bytes received; RAny does, for components that must stay verbatim).
-  const ByteString& getEncoded() const { return m_bsEncoded; }
+  // The encoding built by the last toASN1Object, or built now when there is
+  // none: an enclosing structure encodes its members straight into its own
+  // buffer. Decoding does not keep the bytes received (RAny does, for
+  // components that must stay verbatim).
+  const ByteString& getEncoded() const {
+    if (m_bsEncoded.length() == 0) const_cast<RObject*>(this)->toASN1Object();
+    return m_bsEncoded;
+  }
 
  protected:
   explicit RObject(unsigned char ucTag);
@@ -104,6 +109,19 @@ class RObject : public ASN1Object {
   void applyFieldTag(const RField& f);
   // The element `inner` under this object's own explicit tag, into out.
   int wrapExplicit(const ByteString& inner, ByteString* out) const;
+  // The identifier and length octets of this object's own explicit tag
+  // around nInner octets, into out (room for 16); their count, or -1.
+  int explicitHeader(std::uint64_t nInner, unsigned char* out) const;
+  // The headers of a SEQUENCE or SET (ucTag) under this object's own tag
+  // around nContent octets, as a sequence given that tag would write them.
+  int constructedHeader(unsigned char ucTag, std::uint64_t nContent, Header* h) const;
+  // Encodes this object in one pass (encodedLength, then encodeTo into one
+  // writer of that size) into m_bsEncoded; false when some part cannot, and
+  // the caller then encodes member by member to report why.
+  bool encodeOnePass();
+
+  // The contents' length found by the last encodedLength, for encodeTo.
+  std::int64_t m_nContentLength = 0;
   // The element inside this object's own explicit tag: (p, n) is narrowed
   // to the inner element. 0 or R_ERR_FORMAT.
   static int unwrapExplicit(const unsigned char** p, int* n);

@@ -1,6 +1,7 @@
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
 #include "ZENALib/ASN1/ASN1Set.h"
+#include "base/ByteReader.h"
 
 int RStructure::fieldIndex(const ASN1Object& member) const {
   const RSchema& s = schema();
@@ -41,9 +42,41 @@ int RStructure::checkCount(int nCount) {
   return failAt(&schema(), "fromASN1Object", "nCount", R_ERR_COUNT, r.message);
 }
 
+std::int64_t RStructure::encodedLength() {
+  const RSchema& s = schema();
+  std::int64_t content = 0;
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if ((f.flags & (R_OPTIONAL | R_VERSION)) && !((m_nPresent >> i) & 1u)) continue;
+    applyFieldTag(f);
+    const std::int64_t n = f.ref(*this).encodedLength();
+    if (n < 0) return -1;
+    content += n;
+  }
+  Header h;
+  if (constructedHeader(s.tag, static_cast<std::uint64_t>(content), &h) != 0) return -1;
+  m_nContentLength = content;
+  return h.nOuter + h.nInner + content;
+}
+
+int RStructure::encodeTo(ByteWriter& w) {
+  const RSchema& s = schema();
+  Header h;
+  if (constructedHeader(s.tag, static_cast<std::uint64_t>(m_nContentLength), &h) != 0) return -1;
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner));
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if ((f.flags & (R_OPTIONAL | R_VERSION)) && !((m_nPresent >> i) & 1u)) continue;
+    if (f.ref(*this).encodeTo(w) != 0) return -1;
+  }
+  return 0;
+}
+
 ByteString& RStructure::toASN1Object() {
   const RSchema& s = schema();
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
+  // Member by member, so a failure is reported with the member's trace.
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;

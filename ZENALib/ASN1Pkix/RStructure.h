@@ -20,6 +20,8 @@ class RStructure : public RObject {
  public:
   const char* className() const override { return schema().cls; }
   ByteString& toASN1Object() override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
   int fromASN1View(const unsigned char* pData, int nData) override;
 
