@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RObject.h"
 
+#include <new>
+
 #include "base/ByteReader.h"
 #include "base/Limits.h"
 
@@ -75,7 +77,10 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
 }
 
 RComponentWalk::RComponentWalk(unsigned char ucTag)
-    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(&m_set) : &m_sequence) {}
+    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
+                                   : new (m_storage) ASN1Sequence()) {}
+
+RComponentWalk::~RComponentWalk() { m_pSeq->~ASN1Sequence(); }
 
 int RComponentWalk::open(const unsigned char* pData, int nData) {
   if (const int rc = m_pSeq->borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
@@ -102,10 +107,30 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
   return 0;
 }
 
-bool RComponentWalk::next(const unsigned char** pp, int* pn) {
+bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph, int* prc) {
   if (m_nNext >= m_nCount) return false;
   if (m_bTable) {
     m_pSeq->getComponentBytes(m_nNext++, pp, pn);
+    if (ph) *prc = RReadHeader(*pp, *pn, ph);
+    return true;
+  }
+  if (ph) {
+    // A component open() vouched for: a definite length within the contents.
+    ByteReader r(m_pContent + m_nOffset, static_cast<std::size_t>(m_nContent - m_nOffset));
+    TagLength t;
+    r.readTagLength(&t);
+    *pp = m_pContent + m_nOffset;
+    *pn = static_cast<int>(t.headerLength + t.contentLength);
+    ph->first = t.first;
+    ph->tagNo = static_cast<int>(t.tagNo);
+    ph->idLength = static_cast<int>(t.idLength);
+    ph->headerLength = static_cast<int>(t.headerLength);
+    ph->contentLength = static_cast<int>(t.contentLength);
+    ph->totalLength = *pn;
+    // RReadHeader refuses an element of fewer than 2 octets; a header has 2.
+    *prc = 0;
+    m_nOffset += *pn;
+    ++m_nNext;
     return true;
   }
   *pp = m_pContent + m_nOffset;

@@ -54,13 +54,19 @@ class RComponentWalk {
   // 0, or the sequence's code (its trace in sequence().getErrorMessage()).
   int open(const unsigned char* pData, int nData);
   int count() const { return m_nCount; }
-  // The next component's element; false when none is left.
-  bool next(const unsigned char** pp, int* pn);
+  // The next component's element; false when none is left. With ph, its
+  // header as RReadHeader reads it (0 there, or R_ERR_FORMAT).
+  bool next(const unsigned char** pp, int* pn, RElementHeader* ph = nullptr, int* prc = nullptr);
   const ASN1Sequence& sequence() const { return *m_pSeq; }
 
+  RComponentWalk(const RComponentWalk&) = delete;
+  RComponentWalk& operator=(const RComponentWalk&) = delete;
+  ~RComponentWalk();
+
  private:
-  ASN1Sequence m_sequence;
-  ASN1Set m_set;
+  // Only the sequence class the tag asks for is built.
+  alignas(ASN1Set) unsigned char m_storage[sizeof(ASN1Set) > sizeof(ASN1Sequence) ? sizeof(ASN1Set)
+                                                                                     : sizeof(ASN1Sequence)];
   ASN1Sequence* m_pSeq;
   const unsigned char* m_pContent = nullptr;
   int m_nContent = 0;

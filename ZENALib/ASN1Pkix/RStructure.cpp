@@ -104,11 +104,12 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
 
   const unsigned char* p = nullptr;
   int n = 0;
-  bool pending = walk.next(&p, &n);  // the next unread component, if any
+  RElementHeader h{};
+  int hrc = 0;
+  bool pending = walk.next(&p, &n, &h, &hrc);  // the next unread component, if any
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
-    RElementHeader h{};
-    const bool have = pending && RReadHeader(p, n, &h) == 0;
+    const bool have = pending && hrc == 0;
     if (!have || !fieldMatches(f, h)) {
       if (f.flags & R_VERSION) {
         // Absent version: v1 (0), and the component index does not advance.
@@ -128,7 +129,7 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
     componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
-    pending = walk.next(&p, &n);
+    pending = walk.next(&p, &n, &h, &hrc);
   }
   // Components after the last known one (extensions of the schema) are ignored.
   return 0;
