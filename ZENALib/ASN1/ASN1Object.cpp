@@ -6,13 +6,11 @@
 #include "base/ByteReader.h"
 #include "base/Limits.h"
 #include "base/SecureZero.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
 const char kClass[] = "ASN1Object";
-const char kLengthError[] = "ASN1 Format(Length) Error";
-const char kFormatError[] = "ASN1 Format Error";
-const char kIndefiniteError[] = "Error at finding Indefinitive Length End(0x00 0x00)";
 
 // The part of a source path after its last '/' or '\'.
 const char* BaseName(const char* path) {
@@ -218,7 +216,7 @@ ByteString& ASN1Object::toASN1Object() {
   Header h;
   if (const int rc = buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
                                  static_cast<std::uint64_t>(m_bsValue.length()), &h)) {
-    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == 3 ? "Memory Allocation Error" : kFormatError);
+    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == 3 ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
     return m_bsEncoded;
   }
   // One allocation for the whole encoding.
@@ -227,7 +225,7 @@ ByteString& ASN1Object::toASN1Object() {
   w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
   if (w.finish(&m_bsEncoded) != BS_OK) {
     m_bsEncoded.clear();
-    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, asn1_msg::kMemoryError);
   }
   return m_bsEncoded;
 }
@@ -252,7 +250,7 @@ int ASN1Object::checkASN1Member(unsigned char b, unsigned char* pucTag, unsigned
   if (pucTag) *pucTag = tag;
   if ((tag >= 13 && tag <= 15) || tag == 29 || tag == 31) {
     ByteString message;
-    message.format("Tag(%d) is not ASN1 Member", tag);
+    message.format(asn1_msg::kNotMember, tag);
     return ASN1_FAIL(kClass, "checkASN1Member", "CheckASN1Member", 1, message.c_str());
   }
   return 0;
@@ -264,12 +262,12 @@ int ASN1Object::GetHighTag(const unsigned char* p, int nAvail, int* pnTagNo, boo
   int used = bSkipFirst ? 1 : 0;
   for (;;) {
     if (used >= qva_limits::kMaxTagOctets) {
-      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, "Too Long(>4)");
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, asn1_msg::kTagTooLong);
       return 0;
     }
     // A tag number cut off by the end of the data is refused, never read past.
     if (!p || used >= nAvail) {
-      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, kLengthError);
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, asn1_msg::kLengthError);
       return 0;
     }
     const unsigned char octet = p[used++];
@@ -289,7 +287,7 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
   // Each nested indefinite length costs a stack frame: hostile input could
   // otherwise nest them until the stack runs out.
   if (nDepth > qva_limits::kMaxIndefiniteDepth || !p || nAvail < 0)
-    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
   ByteReader r(p, static_cast<std::size_t>(nAvail));
   for (;;) {
     const unsigned char* here = r.data();
@@ -298,7 +296,7 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       return 0;
     }
     std::uint8_t id = 0;
-    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
     unsigned char tagged = 0;
     if (checkASN1Member(id, nullptr, &tagged, nullptr, nullptr) != 0)
       return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1);
@@ -310,15 +308,15 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
     std::uint32_t len = 0;
     bool indefinite = false;
     if (const int rc = r.readLength(&len, &indefinite); rc != BS_OK)
-      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError)
-                               : ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError)
+                               : ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
         return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 3);
       len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
     }
-    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
   }
 }
 
@@ -332,7 +330,7 @@ int ASN1Object::fromASN1View(const unsigned char* pData, int nData) {
 int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char** ppContent, int* pnContent) {
   static const char kMethod[] = "fromASN1Object";
   m_nErrorCode = 0;
-  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", 1, "The bsData is NULL pointer.");
+  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kNullData);
   // Either the contents are stored, or their span is handed back.
   auto keep = [&](const unsigned char* p, int len) -> int {
     if (ppContent) {
@@ -342,10 +340,10 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
     }
     if (m_bSecret) m_bsValue.zeroize();
     if (m_bsValue.setData(p, len) != BS_OK)
-      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
     return 0;
   };
-  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, kLengthError);
+  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kLengthError);
 
   m_ucConstructed = 0;
   if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0)
@@ -363,23 +361,23 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   // input. The checks compare with what is left of the input, so an element
   // that runs past the data is refused whatever its identifier's size.
   auto readLength = [&](const LengthCodes& codes, std::uint32_t* pLen) -> int {
-    if (r.empty()) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
+    if (r.empty()) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, asn1_msg::kLengthError);
     const bool shortForm = r.data()[0] < 0x80;
     std::uint32_t len = 0;
     bool indefinite = false;
     if (r.readLength(&len, &indefinite) != BS_OK)
-      return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, asn1_msg::kLengthError);
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
         return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
       if (r.remaining() < static_cast<std::size_t>(inner) + 2)
-        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, kLengthError);
+        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, asn1_msg::kLengthError);
       *pLen = static_cast<std::uint32_t>(inner);
       return 0;
     }
     if (r.remaining() < len)
-      return ASN1_FAIL(kClass, kMethod, "nValueLen", shortForm ? codes.nShort : codes.nLong, kLengthError);
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", shortForm ? codes.nShort : codes.nLong, asn1_msg::kLengthError);
     *pLen = len;
     return 0;
   };
@@ -435,7 +433,7 @@ int ASN1Object::setValue(const void* pData, int nLength) {
   if (const int rc = checkValue(p, nLength)) return rc;
   if (m_bSecret) m_bsValue.zeroize();
   if (m_bsValue.setData(p, nLength) != BS_OK)
-    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, asn1_msg::kMemoryError);
   return afterSetValue();
 }
 

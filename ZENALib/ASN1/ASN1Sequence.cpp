@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
 const char kClass[] = "ASN1Sequence";
-const char kLengthError[] = "ASN1 Format(Length) Error";
 constexpr int kGrowBy = 20;
 
 }  // namespace
@@ -127,10 +127,10 @@ int ASN1Sequence::ReallocCompontntInfo() {
   // so that a SEQUENCE OF with very many members is not copied quadratically.
   const int step = std::max(kGrowBy, m_nComponentCapacity / 2 / kGrowBy * kGrowBy);
   if (m_nComponentCapacity > INT32_MAX / static_cast<int>(sizeof(ComponentInfo)) - step)
-    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
   const int capacity = m_nComponentCapacity + step;
   std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
-  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
   // Every old entry moves over: a walk in progress fills entries ahead of the published count.
   if (m_nComponentCapacity > 0)
     std::copy(pComponentInfo.get(), pComponentInfo.get() + m_nComponentCapacity, table.get());
@@ -173,14 +173,14 @@ int ASN1Sequence::ExtractComponentInfo() {
     std::uint32_t len = 0;
     bool indefinite = false;
     if (r.readLength(&len, &indefinite) != BS_OK)
-      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
         return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 5));
       len = static_cast<std::uint32_t>(inner) + 2;
     }
-    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
     ++count;
   }
   for (int i = 0; i < count; ++i) {
@@ -200,13 +200,13 @@ int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
   if (m_pBorrowed) {
     // Building on a borrowed walk starts from a value of its own.
     if (m_bsValue.setData(m_pBorrowed, m_nBorrowed) != BS_OK)
-      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
     m_pBorrowed = nullptr;
     m_nBorrowed = 0;
   }
   const int offset = m_bsValue.length();
   if (m_bsValue.append(bsComponent.data(), bsComponent.length()) != BS_OK)
-    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
   pComponentInfo[m_nComponentCount] = ComponentInfo{offset, bsComponent.length(), nTagKey};
   ++m_nComponentCount;
   return 0;

@@ -1,6 +1,7 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
@@ -44,12 +45,12 @@ int RAny::encodeTo(ByteWriter& w) {
 ByteString& RAny::toASN1Object() {
   m_nErrorCode = 0;
   if (m_bsElement.length() == 0) {
-    failAt(nullptr, "toASN1Object", "m_bsElement", R_ERR_FORMAT, "ASN1 Format Error");
+    failAt(nullptr, "toASN1Object", "m_bsElement", R_ERR_FORMAT, asn1_msg::kFormatError);
     m_bsEncoded.clear();
   } else if (m_ucTaggedType != ASN1_EXPLICIT) {
     m_bsEncoded = m_bsElement;
   } else if (wrapExplicit(m_bsElement, &m_bsEncoded) != 0) {
-    failAt(nullptr, "toASN1Object", "m_nOptionTagNo", R_ERR_FORMAT, "ASN1 Format Error");
+    failAt(nullptr, "toASN1Object", "m_nOptionTagNo", R_ERR_FORMAT, asn1_msg::kFormatError);
     m_bsEncoded.clear();
   }
   return m_bsEncoded;
@@ -60,6 +61,6 @@ int RAny::fromASN1View(const unsigned char* pData, int nData) {
   const unsigned char* p = pData;
   int n = nData;
   if ((m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0) || store(p, n) != 0)
-    return failAt(nullptr, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+    return failAt(nullptr, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   return 0;
 }

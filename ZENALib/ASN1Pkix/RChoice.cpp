@@ -1,6 +1,8 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 void RChoice::select(const ASN1Object& member) {
   const RSchema& s = schema();
@@ -42,7 +44,7 @@ ByteString& RChoice::toASN1Object() {
   if (encodeOnePass()) return m_bsEncoded;
   m_bsEncoded.clear();
   if (m_nSelected < 0) {
-    failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, "No alternative is selected.");
+    failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, r_msg::kNoAlternative);
     return m_bsEncoded;
   }
   const RField& f = s.fields[m_nSelected];
@@ -69,9 +71,9 @@ int RChoice::fromASN1View(const unsigned char* pData, int nData) {
   const unsigned char* p = pData;
   int n = nData;
   if (m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0)
-    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
     if (!fieldMatches(f, h)) continue;
@@ -80,6 +82,6 @@ int RChoice::fromASN1View(const unsigned char* pData, int nData) {
     return 0;
   }
   ByteString msg;
-  msg.format("No alternative has the identifier 0x%02X.", h.first);
+  msg.format(r_msg::kNoAlternativeFor, h.first);
   return failAt(&s, "fromASN1Object", "m_nSelected", R_ERR_CHOICE, msg.c_str());
 }

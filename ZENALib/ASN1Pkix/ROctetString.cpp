@@ -2,6 +2,7 @@
 
 #include "ZENALib/ASN1Pkix/RObject.h"
 #include "base/Limits.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
@@ -54,7 +55,7 @@ int ROctetString::fromASN1View(const unsigned char* pData, int nData) {
     return ASN1OctetString::fromASN1View(pData, nData);
   ByteString value;
   if (joinSegments(p + h.headerLength, ContentLength(h), 0, &value) != 0)
-    return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, "ASN1 Format Error");
+    return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, asn1_msg::kFormatError);
   m_bsValue = std::move(value);
   m_ucConstructed = 0;
   m_nErrorCode = 0;

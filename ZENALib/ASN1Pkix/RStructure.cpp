@@ -2,6 +2,7 @@
 
 #include "ZENALib/ASN1/ASN1Set.h"
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
 
 int RStructure::fieldIndex(const ASN1Object& member) const {
   const RSchema& s = schema();
@@ -119,11 +120,11 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
       if (f.flags & R_OPTIONAL) continue;
       ByteString msg;
       if (!have)
-        msg.format("%s component is missing.", f.name);
+        msg.format(r_msg::kComponentMissing, f.name);
       else if (f.kind == RKind::Universal)
-        msg.format("%s component is not %s.", f.name, RTagName(f.tag));
+        msg.format(r_msg::kComponentNotTag, f.name, RTagName(f.tag));
       else
-        msg.format("%s component is not [%d].", f.name, f.tag);
+        msg.format(r_msg::kComponentNotContext, f.name, f.tag);
       return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
     }
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;

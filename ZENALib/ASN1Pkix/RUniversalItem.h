@@ -9,6 +9,7 @@
 #pragma once
 
 #include "ZENALib/ASN1Pkix/RObject.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
 
 template <typename T>
 class RUniversalItem : public T {
@@ -24,7 +25,7 @@ class RUniversalItem : public T {
     if (RReadHeader(pData, nData, &h) != 0 || h.tagClass() == ASN1_CLASS_UNIVERSAL)
       return T::fromASN1View(pData, nData);
     ByteString msg;
-    msg.format("item is not %s.", RTagName(this->getPrimitiveTag()));
+    msg.format(r_msg::kItemNotTag, RTagName(this->getPrimitiveTag()));
     return this->fail(__FILE__, __LINE__, "RUniversalItem", "fromASN1Object", "bsData", R_ERR_TAG, msg.c_str());
   }
 };
