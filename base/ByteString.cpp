@@ -93,8 +93,15 @@ ByteString& ByteString::operator=(ByteString&& other) noexcept {
   m_nStatus = BS_OK;
   if (this == &other) return *this;
   std::free(m_pBuffer);
-  m_pBuffer = other.m_pBuffer;
-  m_nLength = other.m_nLength;
+  m_pBuffer = nullptr;
+  m_nLength = 0;
+  // The same rule as the copy: a source with no bytes leaves no buffer behind.
+  if (other.m_pBuffer != nullptr && other.m_nLength >= 1) {
+    m_pBuffer = other.m_pBuffer;
+    m_nLength = other.m_nLength;
+  } else {
+    std::free(other.m_pBuffer);
+  }
   other.m_pBuffer = nullptr;
   other.m_nLength = 0;
   return *this;

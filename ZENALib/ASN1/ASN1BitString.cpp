@@ -1,11 +1,14 @@
 #include "ZENALib/ASN1/ASN1BitString.h"
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 ASN1BitString::ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
 
-int ASN1BitString::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1BitString", ASN1_TAG_BITSTRING,
+int ASN1BitString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1BitString::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1BitString", ASN1_TAG_BITSTRING,
                      "TagType(%d) is not ASN1_TAG_BITSTRING");
 }
 
@@ -23,13 +26,13 @@ int ASN1BitString::setBitString(const ByteString& bsData, int bNamedBitList) {
   w.reserve(static_cast<std::size_t>(n) + 1);
   w.u8(unused).bytes(p, static_cast<std::size_t>(n));
   if (w.finish(&m_bsValue) != BS_OK)
-    return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", 2, "Memory Allocation Error");
+    return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", 2, asn1_msg::kMemoryError);
   return 0;
 }
 
 ByteString ASN1BitString::getBitString(int* pnUnusedBits) {
   if (m_bsValue.length() == 0) {
-    ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", 1, "ASN1BitString Format Error(Length = 0)");
+    ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", 1, asn1_msg::kBitStringEmpty);
     return ByteString();
   }
   if (pnUnusedBits) *pnUnusedBits = m_bsValue.data()[0];

@@ -9,6 +9,7 @@ class ASN1BitString : public ASN1Object {
   // Decodes one element and checks that it is a BIT STRING (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // With bNamedBitList 1 (key usage and the like) trailing zero octets are
   // dropped and the unused-bits octet counts the zero bits below the lowest

@@ -4,8 +4,10 @@ ASN1Boolean::ASN1Boolean() { m_ucPrimitiveTag = ASN1_TAG_BOOLEAN; }
 
 ASN1Boolean::ASN1Boolean(bool bValue) : ASN1Boolean() { setBoolean(bValue); }
 
-int ASN1Boolean::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Boolean", ASN1_TAG_BOOLEAN, "TagType(%d) is not ASN1_TAG_BOOLEAN");
+int ASN1Boolean::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Boolean::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1Boolean", ASN1_TAG_BOOLEAN, "TagType(%d) is not ASN1_TAG_BOOLEAN");
 }
 
 void ASN1Boolean::setBoolean(bool bValue) {

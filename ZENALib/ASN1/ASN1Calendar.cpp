@@ -1,6 +1,8 @@
 #include "ZENALib/ASN1/ASN1Calendar.h"
 
 #include <cstdio>
+#include <ctime>
+#include <limits>
 
 #include "base/CivilTime.h"
 
@@ -12,6 +14,11 @@ int DaysInMonth(int y, int m) {
   static const int kDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (m < 1 || m > 12) return 0;
   return m == 2 && IsLeapYear(y) ? 29 : kDays[m - 1];
+}
+
+bool FitsTimeT(std::int64_t t) {
+  using Limits = std::numeric_limits<std::time_t>;
+  return t >= static_cast<std::int64_t>(Limits::min()) && t <= static_cast<std::int64_t>(Limits::max());
 }
 
 std::int64_t ToSeconds(const DateTime& dt) {

@@ -6,8 +6,10 @@ ASN1Enumerated::ASN1Enumerated() { m_ucPrimitiveTag = ASN1_TAG_ENUMERATED; }
 
 ASN1Enumerated::ASN1Enumerated(int nValue) : ASN1Enumerated() { setEnumerated(nValue); }
 
-int ASN1Enumerated::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Enumerated", ASN1_TAG_ENUMERATED,
+int ASN1Enumerated::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Enumerated::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1Enumerated", ASN1_TAG_ENUMERATED,
                      "TagType(%d) is not ASN1_TAG_ENUMERATED.");
 }
 

@@ -1,6 +1,7 @@
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
 
 #include "ZENALib/ASN1/ASN1Calendar.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 using asn1_calendar::DateTime;
 using asn1_calendar::ReadDigits;
@@ -9,15 +10,15 @@ namespace {
 
 const char kClass[] = "ASN1GeneralizedTime";
 const char kMethod[] = "CheckGMTTime";
-// 9999-12-31 23:59:59 UTC: the last time a four-digit year can write.
-constexpr std::int64_t kLastTime = 253402300799;
 
 }  // namespace
 
 ASN1GeneralizedTime::ASN1GeneralizedTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_GENERALIZEDTIME; }
 
-int ASN1GeneralizedTime::fromASN1Object(const ByteString& bsData) {
-  if (const int rc = decodeTyped(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_GENERALIZEDTIME,
+int ASN1GeneralizedTime::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1GeneralizedTime::fromASN1View(const unsigned char* pData, int nData) {
+  if (const int rc = decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_GENERALIZEDTIME,
                                  "TagType(%d) is not ASN1_TAG_GENERALIZEDTIME"))
     return rc;
   if (checkGMTTime(m_bsValue.c_str(), m_bsValue.length()) != 0)
@@ -34,28 +35,28 @@ int ASN1GeneralizedTime::checkValue(const unsigned char* p, int n) {
   failText(__FILE__, __LINE__, kClass, kMethod, (field), (code), (format), szText, nLength)
 
 int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
-  if (!szText || nLength < 15) return ASN1_FAIL(kClass, "checkGMTTime", "length", 1, "Invalid GMT Format");
+  if (!szText || nLength < 15) return ASN1_FAIL(kClass, "checkGMTTime", "length", 1, asn1_msg::kGmtFormat);
   DateTime dt{ReadDigits(szText, 4),      ReadDigits(szText + 4, 2),  ReadDigits(szText + 6, 2),
               ReadDigits(szText + 8, 2),  ReadDigits(szText + 10, 2), ReadDigits(szText + 12, 2)};
-  if (dt.nSecond < 0 || dt.nSecond > 59) return TIME_FAIL("nSec", 2, "%.*s : seconds error");
-  if (dt.nMinute < 0 || dt.nMinute > 59) return TIME_FAIL("nMin", 3, "%.*s : minutes error");
-  if (dt.nHour < 0 || dt.nHour > 23) return TIME_FAIL("nHour", 4, "%.*s : hour error");
-  if (dt.nMonth < 1 || dt.nMonth > 12) return TIME_FAIL("nMonth", 5, "%.*s : month error");
-  if (dt.nYear < 0) return TIME_FAIL("data", 8, "%.*s : invalid format");
+  if (dt.nSecond < 0 || dt.nSecond > 59) return TIME_FAIL("nSec", 2, asn1_msg::kSecondsError);
+  if (dt.nMinute < 0 || dt.nMinute > 59) return TIME_FAIL("nMin", 3, asn1_msg::kMinutesError);
+  if (dt.nHour < 0 || dt.nHour > 23) return TIME_FAIL("nHour", 4, asn1_msg::kHourError);
+  if (dt.nMonth < 1 || dt.nMonth > 12) return TIME_FAIL("nMonth", 5, asn1_msg::kMonthError);
+  if (dt.nYear < 0) return TIME_FAIL("data", 8, asn1_msg::kInvalidFormat);
   if (dt.nDay < 1 || dt.nDay > asn1_calendar::DaysInMonth(dt.nYear, dt.nMonth))
-    return TIME_FAIL("nDay", dt.nMonth == 2 ? 6 : 7, "%.*s : day error");
+    return TIME_FAIL("nDay", dt.nMonth == 2 ? 6 : 7, asn1_msg::kDayError);
   int pos = 14;
   if (szText[pos] == '.') {
     // A fraction of a second is accepted and not kept.
     for (++pos; pos < nLength && szText[pos] >= '0' && szText[pos] <= '9'; ++pos) {
     }
   }
-  if (pos != nLength - 1 || szText[pos] != 'Z') return TIME_FAIL("data", 8, "%.*s : invalid format");
+  if (pos != nLength - 1 || szText[pos] != 'Z') return TIME_FAIL("data", 8, asn1_msg::kInvalidFormat);
   const std::int64_t t = asn1_calendar::ToSeconds(dt);
-  if (t < 0)
+  // Dates before 1970 are negative times; only a time the calendar time type cannot hold is refused.
+  if (!asn1_calendar::FitsTimeT(t))
     return TIME_FAIL("data", 9,
-                    "%.*s references a date before midnight, January 1, 1970, or if the calendar time cannot be "
-                    "represented.");
+                    asn1_msg::kUnrepresentable);
   m_GMTTime = static_cast<std::time_t>(t);
   return 0;
 }
@@ -63,9 +64,10 @@ int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
 #undef TIME_FAIL
 
 int ASN1GeneralizedTime::setGMTTime(std::time_t tTime) {
-  if (tTime < 0 || static_cast<std::int64_t>(tTime) > kLastTime) {
+  const std::int64_t t = static_cast<std::int64_t>(tTime);
+  if (t < asn1_calendar::kFirstGeneralizedTime || t > asn1_calendar::kLastGeneralizedTime) {
     ByteString message;
-    message.format("%lld represents a date before midnight, January 1, 1970", static_cast<long long>(tTime));
+    message.format(asn1_msg::kBefore1970, static_cast<long long>(tTime));
     return ASN1_FAIL(kClass, "setGMTTime", "m_GMTTime", 1, message.c_str());
   }
   char text[24];

@@ -9,6 +9,7 @@ class ASN1IA5String : public ASN1Object {
   // Decodes one element and checks that it is a IA5String (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
  protected:
   // Printable ASCII only: 0x20 to 0x7E.

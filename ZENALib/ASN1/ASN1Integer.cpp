@@ -3,13 +3,16 @@
 #include <cstdint>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 ASN1Integer::ASN1Integer() { m_ucPrimitiveTag = ASN1_TAG_INTEGER; }
 
 ASN1Integer::ASN1Integer(int nValue) : ASN1Integer() { setInteger(nValue); }
 
-int ASN1Integer::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Integer", ASN1_TAG_INTEGER, "TagType(%d)is not ASN1_TAG_INTEGER");
+int ASN1Integer::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Integer::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1Integer", ASN1_TAG_INTEGER, "TagType(%d)is not ASN1_TAG_INTEGER");
 }
 
 void ASN1Integer::EncodeNative(int nValue, ByteString* pOut) {
@@ -58,7 +61,7 @@ int ASN1Integer::setInteger(const void* pData, int nLength, int nSign) {
   else if (nSign == -1 && !(p[0] & 0x80)) w.u8(0xFF);  // negative number
   w.bytes(p, static_cast<std::size_t>(nLength));
   if (w.finish(&m_bsValue) != BS_OK)
-    return ASN1_FAIL("ASN1Integer", "setInteger", "m_bsValue", 2, "Memory Allocation Error");
+    return ASN1_FAIL("ASN1Integer", "setInteger", "m_bsValue", 2, asn1_msg::kMemoryError);
   return 0;
 }
 

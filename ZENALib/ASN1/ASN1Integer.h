@@ -9,6 +9,7 @@ class ASN1Integer : public ASN1Object {
   // Decodes one element and checks that it is a INTEGER (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   explicit ASN1Integer(int nValue);
   // Minimal two's complement octets of a native integer.

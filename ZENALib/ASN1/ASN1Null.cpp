@@ -2,6 +2,8 @@
 
 ASN1Null::ASN1Null() { m_ucPrimitiveTag = ASN1_TAG_NULLTAG; }
 
-int ASN1Null::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1Null", ASN1_TAG_NULLTAG, "TagType(%d)is not ASN1_TAG_NULLTAG");
+int ASN1Null::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Null::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1Null", ASN1_TAG_NULLTAG, "TagType(%d)is not ASN1_TAG_NULLTAG");
 }

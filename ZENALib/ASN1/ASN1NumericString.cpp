@@ -10,8 +10,10 @@ bool Accept(unsigned char c) { return (c >= '0' && c <= '9') || c == ' '; }
 
 ASN1NumericString::ASN1NumericString() { m_ucPrimitiveTag = ASN1_TAG_NUMERICSTRING; }
 
-int ASN1NumericString::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1NumericString", ASN1_TAG_NUMERICSTRING, "TagType(%d)is not ASN1_TAG_NUMERICSTRING");
+int ASN1NumericString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1NumericString::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1NumericString", ASN1_TAG_NUMERICSTRING, "TagType(%d)is not ASN1_TAG_NUMERICSTRING");
 }
 
 int ASN1NumericString::checkValue(const unsigned char* p, int n) {

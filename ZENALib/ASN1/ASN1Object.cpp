@@ -1,16 +1,16 @@
 #include "ZENALib/ASN1/ASN1Object.h"
 
 #include <cstring>
+#include <utility>
 
 #include "base/ByteReader.h"
 #include "base/Limits.h"
+#include "base/SecureZero.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
 const char kClass[] = "ASN1Object";
-const char kLengthError[] = "ASN1 Format(Length) Error";
-const char kFormatError[] = "ASN1 Format Error";
-const char kIndefiniteError[] = "Error at finding Indefinitive Length End(0x00 0x00)";
 
 // The part of a source path after its last '/' or '\'.
 const char* BaseName(const char* path) {
@@ -59,7 +59,45 @@ ASN1Object::ASN1Object()
       m_nErrorCode(0),
       m_ucConstructed(0) {}
 
-ASN1Object::~ASN1Object() = default;
+ASN1Object::~ASN1Object() { wipeSecret(); }
+
+void ASN1Object::wipeSecret() {
+  if (!m_bSecret) return;
+  m_bsValue.zeroize();
+  m_bsEncoded.zeroize();
+}
+
+ASN1Object& ASN1Object::operator=(const ASN1Object& other) {
+  if (this == &other) return *this;
+  wipeSecret();
+  m_ucPrimitiveTag = other.m_ucPrimitiveTag;
+  m_ucTaggedType = other.m_ucTaggedType;
+  m_nOptionTagNo = other.m_nOptionTagNo;
+  m_ucTagClass = other.m_ucTagClass;
+  m_nErrorCode = other.m_nErrorCode;
+  m_bsValue = other.m_bsValue;
+  m_bsEncoded = other.m_bsEncoded;
+  m_bsErrorMsg = other.m_bsErrorMsg;
+  m_ucConstructed = other.m_ucConstructed;
+  m_bSecret = other.m_bSecret;
+  return *this;
+}
+
+ASN1Object& ASN1Object::operator=(ASN1Object&& other) noexcept {
+  if (this == &other) return *this;
+  wipeSecret();
+  m_ucPrimitiveTag = other.m_ucPrimitiveTag;
+  m_ucTaggedType = other.m_ucTaggedType;
+  m_nOptionTagNo = other.m_nOptionTagNo;
+  m_ucTagClass = other.m_ucTagClass;
+  m_nErrorCode = other.m_nErrorCode;
+  m_bsValue = std::move(other.m_bsValue);
+  m_bsEncoded = std::move(other.m_bsEncoded);
+  m_bsErrorMsg = std::move(other.m_bsErrorMsg);
+  m_ucConstructed = other.m_ucConstructed;
+  m_bSecret = other.m_bSecret;
+  return *this;
+}
 
 void ASN1Object::setErrorMessage(const char* szFile, int nLine, const char* szClass, const char* szMethod,
                                  const char* szField, int nCode, const char* szMessage) {
@@ -108,67 +146,86 @@ int ASN1Object::putLength(unsigned char* out, std::uint32_t nLength) {
   return digits + 1;
 }
 
+int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTaggedType, int nOptionTagNo,
+                            unsigned char ucTagClass, unsigned char ucConstructed, std::uint64_t nContent,
+                            Header* h) {
+  h->nOuter = h->nInner = 0;
+  h->szField = "m_bsValue";
+  // Inner header: identifier (absent for an implicit tag or an untyped
+  // holder) and the length octets of the value.
+  if (ucPrimitiveTag == ASN1_TAG_NONE) {
+    if (ucTaggedType != ASN1_EXPLICIT || nOptionTagNo < 0) {
+      h->szField = "m_ucTaggedType";
+      return 1;
+    }
+  } else if (ucTaggedType != ASN1_IMPLICIT) {
+    const bool constructed = IsConstructedUniversal(ucPrimitiveTag) || ucConstructed == ASN1_CONSTRUCTED;
+    h->inner[h->nInner++] = static_cast<unsigned char>(ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
+  }
+  if (nContent > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  h->nInner += putLength(h->inner + h->nInner, static_cast<std::uint32_t>(nContent));
+  const std::uint64_t innerLen = static_cast<std::uint64_t>(h->nInner) + nContent;
+
+  // Outer header: the tag's identifier and, when explicit, the length of the inner part.
+  if (ucTaggedType != ASN1_UNTAGGED) {
+    if (nOptionTagNo < 0) {
+      h->szField = "m_nOptionTagNo";
+      return 2;
+    }
+    if (nOptionTagNo <= 30) {
+      unsigned char id = static_cast<unsigned char>(ucTagClass | nOptionTagNo);
+      if (ucTaggedType == ASN1_IMPLICIT && IsConstructedUniversal(ucPrimitiveTag)) id |= ASN1_CONSTRUCTED;
+      h->outer[h->nOuter++] = id;
+    } else {
+      h->outer[h->nOuter++] = static_cast<unsigned char>(ucTagClass | 0x1F);
+      h->nOuter += putBase128(h->outer + h->nOuter, static_cast<std::uint32_t>(nOptionTagNo));
+    }
+    if (ucTaggedType == ASN1_EXPLICIT) {
+      if (innerLen > 0xFFFFFFFFu) return 3;
+      h->nOuter += putLength(h->outer + h->nOuter, static_cast<std::uint32_t>(innerLen));
+    }
+  }
+  // A ByteString holds at most INT32_MAX octets.
+  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  return 0;
+}
+
+std::int64_t ASN1Object::encodedLength() {
+  Header h;
+  if (buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                  static_cast<std::uint64_t>(m_bsValue.length()), &h) != 0)
+    return -1;
+  return h.nOuter + h.nInner + m_bsValue.length();
+}
+
+int ASN1Object::encodeTo(ByteWriter& w) {
+  Header h;
+  if (buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                  static_cast<std::uint64_t>(m_bsValue.length()), &h) != 0)
+    return -1;
+  if (m_bSecret) w.secret(true);
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
+  return 0;
+}
+
 ByteString& ASN1Object::toASN1Object() {
   static const char kMethod[] = "toASN1Object";
   m_nErrorCode = 0;
+  if (m_bSecret) m_bsEncoded.zeroize();  // the encoding is written again below
   m_bsEncoded.clear();
-
-  // Inner header: identifier (absent for an implicit tag or an untyped
-  // holder) and the length octets of the value.
-  unsigned char inner[8];
-  int innerHeader = 0;
-  if (m_ucPrimitiveTag == ASN1_TAG_NONE) {
-    if (m_ucTaggedType != ASN1_EXPLICIT || m_nOptionTagNo < 0) {
-      ASN1_FAIL(kClass, kMethod, "m_ucTaggedType", 1, kFormatError);
-      return m_bsEncoded;
-    }
-  } else if (m_ucTaggedType != ASN1_IMPLICIT) {
-    const bool constructed = IsConstructedUniversal(m_ucPrimitiveTag) || m_ucConstructed == ASN1_CONSTRUCTED;
-    inner[innerHeader++] = static_cast<unsigned char>(m_ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
-  }
-  const std::uint32_t valueLen = static_cast<std::uint32_t>(m_bsValue.length());
-  innerHeader += putLength(inner + innerHeader, valueLen);
-  const std::uint64_t innerLen = static_cast<std::uint64_t>(innerHeader) + valueLen;
-
-  // Outer header: the tag's identifier and, when explicit, the length of the inner part.
-  unsigned char outer[16];
-  int outerHeader = 0;
-  if (m_ucTaggedType != ASN1_UNTAGGED) {
-    if (m_nOptionTagNo < 0) {
-      ASN1_FAIL(kClass, kMethod, "m_nOptionTagNo", 2, kFormatError);
-      return m_bsEncoded;
-    }
-    if (m_nOptionTagNo <= 30) {
-      unsigned char id = static_cast<unsigned char>(m_ucTagClass | m_nOptionTagNo);
-      if (m_ucTaggedType == ASN1_IMPLICIT && IsConstructedUniversal(m_ucPrimitiveTag)) id |= ASN1_CONSTRUCTED;
-      outer[outerHeader++] = id;
-    } else {
-      outer[outerHeader++] = static_cast<unsigned char>(m_ucTagClass | 0x1F);
-      outerHeader += putBase128(outer + outerHeader, static_cast<std::uint32_t>(m_nOptionTagNo));
-    }
-    if (m_ucTaggedType == ASN1_EXPLICIT) {
-      if (innerLen > 0xFFFFFFFFu) {
-        ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
-        return m_bsEncoded;
-      }
-      outerHeader += putLength(outer + outerHeader, static_cast<std::uint32_t>(innerLen));
-    }
-  }
-
-  // One allocation for the whole encoding; a ByteString holds at most INT32_MAX octets.
-  const std::uint64_t total = innerLen + static_cast<std::uint64_t>(outerHeader);
-  ByteWriter w;
-  if (total > static_cast<std::uint64_t>(INT32_MAX)) {
-    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+  Header h;
+  if (const int rc = buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
+                                 static_cast<std::uint64_t>(m_bsValue.length()), &h)) {
+    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == 3 ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
     return m_bsEncoded;
   }
-  w.reserve(static_cast<std::size_t>(total));
-  w.bytes(outer, static_cast<std::size_t>(outerHeader))
-      .bytes(inner, static_cast<std::size_t>(innerHeader))
-      .bytes(m_bsValue);
+  // One allocation for the whole encoding.
+  ByteWriter w;
+  w.secret(m_bSecret).reserve(static_cast<std::size_t>(h.nOuter + h.nInner + m_bsValue.length()));
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
   if (w.finish(&m_bsEncoded) != BS_OK) {
     m_bsEncoded.clear();
-    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, "Memory Allocation Error");
+    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, asn1_msg::kMemoryError);
   }
   return m_bsEncoded;
 }
@@ -193,7 +250,7 @@ int ASN1Object::checkASN1Member(unsigned char b, unsigned char* pucTag, unsigned
   if (pucTag) *pucTag = tag;
   if ((tag >= 13 && tag <= 15) || tag == 29 || tag == 31) {
     ByteString message;
-    message.format("Tag(%d) is not ASN1 Member", tag);
+    message.format(asn1_msg::kNotMember, tag);
     return ASN1_FAIL(kClass, "checkASN1Member", "CheckASN1Member", 1, message.c_str());
   }
   return 0;
@@ -205,12 +262,12 @@ int ASN1Object::GetHighTag(const unsigned char* p, int nAvail, int* pnTagNo, boo
   int used = bSkipFirst ? 1 : 0;
   for (;;) {
     if (used >= qva_limits::kMaxTagOctets) {
-      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, "Too Long(>4)");
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, asn1_msg::kTagTooLong);
       return 0;
     }
     // A tag number cut off by the end of the data is refused, never read past.
     if (!p || used >= nAvail) {
-      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, kLengthError);
+      setErrorMessage(__FILE__, __LINE__, kClass, "GetHighTag", "nTagValue", 0, asn1_msg::kLengthError);
       return 0;
     }
     const unsigned char octet = p[used++];
@@ -230,7 +287,7 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
   // Each nested indefinite length costs a stack frame: hostile input could
   // otherwise nest them until the stack runs out.
   if (nDepth > qva_limits::kMaxIndefiniteDepth || !p || nAvail < 0)
-    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
   ByteReader r(p, static_cast<std::size_t>(nAvail));
   for (;;) {
     const unsigned char* here = r.data();
@@ -239,7 +296,7 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       return 0;
     }
     std::uint8_t id = 0;
-    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
     unsigned char tagged = 0;
     if (checkASN1Member(id, nullptr, &tagged, nullptr, nullptr) != 0)
       return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1);
@@ -248,35 +305,45 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 2);
       r.skip(static_cast<std::size_t>(used - 1));
     }
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
-    std::uint32_t len = first;
-    if (first == 0x80) {
+    std::uint32_t len = 0;
+    bool indefinite = false;
+    if (const int rc = r.readLength(&len, &indefinite); rc != BS_OK)
+      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError)
+                               : ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
+    if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
         return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 3);
       len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
-    } else if (first > 0x80) {
-      len = 0;
-      for (int i = first - 0x80; i > 0; --i) {
-        std::uint8_t digit = 0;
-        if (r.readU8(&digit) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
-        if (len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-          return ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError);
-        len = (len << 8) | digit;
-      }
     }
-    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, kIndefiniteError);
+    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
   }
 }
 
-int ASN1Object::fromASN1Object(const ByteString& bsData) {
+int ASN1Object::fromASN1Object(const ByteString& bsData) { return decodeElement(viewOf(bsData), bsData.length()); }
+
+int ASN1Object::fromASN1View(const unsigned char* pData, int nData) {
+  // Reached only by classes that decode in fromASN1Object alone.
+  return fromASN1Object(pData ? ByteString(pData, nData) : ByteString());
+}
+
+int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char** ppContent, int* pnContent) {
   static const char kMethod[] = "fromASN1Object";
   m_nErrorCode = 0;
-  if (bsData.isEmpty()) return ASN1_FAIL(kClass, kMethod, "baData", 1, "The bsData is NULL pointer.");
-  const unsigned char* d = bsData.data();
-  const int n = bsData.length();
-  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, kLengthError);
+  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kNullData);
+  // Either the contents are stored, or their span is handed back.
+  auto keep = [&](const unsigned char* p, int len) -> int {
+    if (ppContent) {
+      *ppContent = p;
+      *pnContent = len;
+      return 0;
+    }
+    if (m_bSecret) m_bsValue.zeroize();
+    if (m_bsValue.setData(p, len) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
+    return 0;
+  };
+  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kLengthError);
 
   m_ucConstructed = 0;
   if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0)
@@ -294,31 +361,23 @@ int ASN1Object::fromASN1Object(const ByteString& bsData) {
   // input. The checks compare with what is left of the input, so an element
   // that runs past the data is refused whatever its identifier's size.
   auto readLength = [&](const LengthCodes& codes, std::uint32_t* pLen) -> int {
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
-    if (first < 0x80) {
-      *pLen = first;
-      if (r.remaining() < first) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, kLengthError);
-      return 0;
-    }
-    if (first == 0x80) {
-      int len = 0;
-      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &len) != 0)
-        return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
-      if (r.remaining() < static_cast<std::size_t>(len) + 2)
-        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, kLengthError);
-      *pLen = static_cast<std::uint32_t>(len);
-      return 0;
-    }
+    if (r.empty()) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nShort, asn1_msg::kLengthError);
+    const bool shortForm = r.data()[0] < 0x80;
     std::uint32_t len = 0;
-    for (int i = first - 0x80; i > 0; --i) {
-      std::uint8_t digit = 0;
-      // A length that does not fit a signed 32-bit accumulator cannot lie within the input.
-      if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
-      len = (len << 8) | digit;
+    bool indefinite = false;
+    if (r.readLength(&len, &indefinite) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, asn1_msg::kLengthError);
+    if (indefinite) {
+      int inner = 0;
+      if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
+        return ASN1_FAIL_CHAINED(kClass, kMethod, "Value Length", codes.nIndefinite);
+      if (r.remaining() < static_cast<std::size_t>(inner) + 2)
+        return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nIndefinitePast, asn1_msg::kLengthError);
+      *pLen = static_cast<std::uint32_t>(inner);
+      return 0;
     }
-    if (r.remaining() < len) return ASN1_FAIL(kClass, kMethod, "nValueLen", codes.nLong, kLengthError);
+    if (r.remaining() < len)
+      return ASN1_FAIL(kClass, kMethod, "nValueLen", shortForm ? codes.nShort : codes.nLong, asn1_msg::kLengthError);
     *pLen = len;
     return 0;
   };
@@ -327,18 +386,14 @@ int ASN1Object::fromASN1Object(const ByteString& bsData) {
   if (m_ucTaggedType == ASN1_EXPLICIT) {
     std::uint32_t outerLen = 0;
     if (const int rc = readLength(kOuterCodes, &outerLen)) return rc;
-    if (outerLen == 0) {
-      m_bsValue.setData(d, 0);
-      return 0;
-    }
+    if (outerLen == 0) return keep(d, 0);
     const unsigned char* innerStart = r.data();
     unsigned char innerTag = 0, innerTagged = 0;
     if (checkASN1Member(innerStart[0], &innerTag, &innerTagged, nullptr, nullptr) != 0)
       return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 8);
     if (innerTagged != ASN1_UNTAGGED) {
       // A tagged element inside an explicit tag is kept whole.
-      m_bsValue.setData(innerStart, static_cast<int>(outerLen));
-      return 0;
+      return keep(innerStart, static_cast<int>(outerLen));
     }
     if (m_ucPrimitiveTag == ASN1_TAG_NONE) m_ucPrimitiveTag = innerTag;
     id = innerStart[0];
@@ -347,14 +402,13 @@ int ASN1Object::fromASN1Object(const ByteString& bsData) {
   m_ucConstructed = static_cast<unsigned char>(id & ASN1_CONSTRUCTED);
   std::uint32_t len = 0;
   if (const int rc = readLength(kInnerCodes, &len)) return rc;
-  if (m_bsValue.setData(r.data(), static_cast<int>(len)) != BS_OK)
-    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
-  return 0;
+  return keep(r.data(), static_cast<int>(len));
 }
 
-int ASN1Object::decodeTyped(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
-                            unsigned char ucTag, const char* szTagFormat) {
-  if (ASN1Object::fromASN1Object(bsData) != 0)
+int ASN1Object::decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData,
+                            const char* szClass, unsigned char ucTag, const char* szTagFormat,
+                            const unsigned char** ppContent, int* pnContent) {
+  if (decodeElement(pData, nData, ppContent, pnContent) != 0)
     return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", 1);
   // An implicit tag hides the type: the class's own tag is assumed.
   if (m_ucTaggedType == ASN1_IMPLICIT) {
@@ -377,8 +431,9 @@ int ASN1Object::setValue(const void* pData, int nLength) {
   if (!pData || nLength < 0) nLength = 0;
   const unsigned char* p = pData ? static_cast<const unsigned char*>(pData) : reinterpret_cast<const unsigned char*>("");
   if (const int rc = checkValue(p, nLength)) return rc;
+  if (m_bSecret) m_bsValue.zeroize();
   if (m_bsValue.setData(p, nLength) != BS_OK)
-    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, asn1_msg::kMemoryError);
   return afterSetValue();
 }
 

@@ -15,6 +15,8 @@
 
 #include "base/ByteString.h"
 
+class ByteWriter;
+
 // Universal tag numbers.
 constexpr unsigned char ASN1_TAG_BOOLEAN = 1;
 constexpr unsigned char ASN1_TAG_INTEGER = 2;
@@ -55,18 +57,36 @@ class ASN1Object {
   ASN1Object();
   virtual ~ASN1Object();
   ASN1Object(const ASN1Object&) = default;
-  ASN1Object& operator=(const ASN1Object&) = default;
+  ASN1Object& operator=(const ASN1Object& other);
   ASN1Object(ASN1Object&&) = default;
-  ASN1Object& operator=(ASN1Object&&) = default;
+  ASN1Object& operator=(ASN1Object&& other) noexcept;
+
+  // A secret value (key material, PBE parameters) is wiped before its memory
+  // goes back to the heap: on destruction, and before a decode, setValue,
+  // assignment or encoding replaces it. Copies keep the mark.
+  void setSecret(bool bSecret) { m_bSecret = bSecret; }
+  bool isSecret() const { return m_bSecret; }
 
   // toASN1Object builds the DER encoding from the identifier fields and
   // m_bsValue and returns a reference to it (held by this object). On failure
   // the result is empty and getErrorCode() says why (1 untyped holder that is
   // not explicitly tagged, 2 negative tag number, 3 no memory).
   virtual ByteString& toASN1Object();
+  // One-pass encoding: the length of what toASN1Object would write (-1 when
+  // it would fail; toASN1Object then says why), and the writing of it into
+  // w, which has room for it (0, or -1). Structures encode every member into
+  // one writer this way. A class that overrides toASN1Object overrides
+  // these two as well, or returns -1 so its parent asks toASN1Object.
+  virtual std::int64_t encodedLength();
+  virtual int encodeTo(ByteWriter& w);
   // fromASN1Object parses one encoding (octets after it are ignored) and
   // keeps its contents in m_bsValue; returns 0 or codes 1-12 (see README.md).
   virtual int fromASN1Object(const ByteString& bsData);
+  // The same decode from a view of the caller's bytes (null pData: no data,
+  // as an empty ByteString); nothing is copied but the value a leaf keeps.
+  // Every class of the toolkit decodes here; a class that overrides only
+  // fromASN1Object is reached through a copy of the view.
+  virtual int fromASN1View(const unsigned char* pData, int nData);
   // setValue replaces the content octets; returns 0, or the code of a type's
   // value check (restricted strings, times), in which case nothing changes.
   virtual int setValue(const ByteString& bsValue);
@@ -130,8 +150,17 @@ class ASN1Object {
   // field "ASN1Object::fromASN1Object"), then an implicit tag takes ucTag,
   // otherwise a different tag fails with code 2 and szTagFormat filled with it.
   // szFile and nLine name the caller's position in the trace.
-  int decodeTyped(const char* szFile, int nLine, const ByteString& bsData, const char* szClass, unsigned char ucTag,
-                  const char* szTagFormat);
+  // With ppContent given, the contents are not stored but handed back as a
+  // span of the input.
+  int decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData, const char* szClass,
+                  unsigned char ucTag, const char* szTagFormat, const unsigned char** ppContent = nullptr,
+                  int* pnContent = nullptr);
+  // The base decode of one element from a view: identifier fields set, the
+  // contents stored in m_bsValue (or, with ppContent, handed back as a span).
+  int decodeElement(const unsigned char* pData, int nData, const unsigned char** ppContent = nullptr,
+                    int* pnContent = nullptr);
+  // The view of a ByteString as fromASN1View takes it (null when it holds no buffer).
+  static const unsigned char* viewOf(const ByteString& bs) { return bs.isEmpty() ? nullptr : bs.data(); }
   // Character check of the restricted string types: the first octet that
   // pAccept refuses fails with code 1, field "data", szFormat filled with it.
   // szFile and nLine name the caller's position in the trace.
@@ -141,6 +170,20 @@ class ASN1Object {
   virtual int checkValue(const unsigned char* p, int n);
   // Runs after a value was stored by setValue (sequences rebuild their table).
   virtual int afterSetValue();
+
+  // Identifier and length octets around nContent octets of contents.
+  struct Header {
+    unsigned char outer[16];  // the tag's identifier, and its length when explicit
+    int nOuter;
+    unsigned char inner[8];  // universal identifier (unless implicit) and the contents' length
+    int nInner;
+    const char* szField;  // the field a failure names
+  };
+  // The headers for the given identifier fields; 0, or the code
+  // toASN1Object reports (1 untyped holder not explicitly tagged, 2 negative
+  // tag number, 3 longer than a ByteString holds).
+  static int buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTaggedType, int nOptionTagNo,
+                         unsigned char ucTagClass, unsigned char ucConstructed, std::uint64_t nContent, Header* h);
 
   // Encodes a length (definite, minimal) into out; returns the octets written (1-5).
   static int putLength(unsigned char* out, std::uint32_t nLength);
@@ -156,8 +199,11 @@ class ASN1Object {
   ByteString m_bsEncoded;
   ByteString m_bsErrorMsg;
   unsigned char m_ucConstructed;
+  bool m_bSecret = false;
 
  private:
+  // Wipes the value and the encoding when they are secret.
+  void wipeSecret();
   int findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* pnLength, int nDepth);
 };
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
@@ -30,8 +31,10 @@ int WriteDecimal(char* out, std::uint32_t v) {
 
 ASN1ObjectIdentifier::ASN1ObjectIdentifier() { m_ucPrimitiveTag = ASN1_TAG_OID; }
 
-int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_OID, "TagType(%d) is not ASN1_TAG_OID");
+int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1ObjectIdentifier::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_OID, "TagType(%d) is not ASN1_TAG_OID");
 }
 
 int ASN1ObjectIdentifier::setOID(const char* szText) {
@@ -61,7 +64,7 @@ int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
   }
   if (count > kMaxArcs || count < 2 || tooLarge) {
     return failText(__FILE__, __LINE__, kClass, "setOID", "nOID", count < 2 ? 2 : 1,
-                    "Value(%.*s) is not ASN1 OID Format", szText, nLength);
+                    asn1_msg::kOidValue, szText, nLength);
   }
   unsigned char out[1 + (kMaxArcs - 2) * 5];
   // The first two arcs share one octet (arcs below 2.176 only).
@@ -76,7 +79,7 @@ ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
   const unsigned char* p = m_bsValue.data();
   const int n = m_bsValue.length();
   if (n == 0) {
-    ASN1_FAIL(kClass, "getOID", "nOID", 2, "ASN1 OID Format Error");
+    ASN1_FAIL(kClass, "getOID", "nOID", 2, asn1_msg::kOidFormat);
     return ByteString();
   }
   char text[kMaxSubIdentifiers * 12 + 16];
@@ -86,7 +89,7 @@ ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
     int sub = 0;
     const int octets = count < kMaxSubIdentifiers ? GetHighTag(p + pos, n - pos, &sub, false) : 0;
     if (!octets) {
-      ASN1_FAIL(kClass, "getOID", "nOID", 1, "ASN1 OID Format Error");
+      ASN1_FAIL(kClass, "getOID", "nOID", 1, asn1_msg::kOidFormat);
       return ByteString();
     }
     pos += octets;

@@ -12,6 +12,7 @@ class ASN1ObjectIdentifier : public ASN1Object {
   // Decodes one element and checks that it is a OBJECT IDENTIFIER (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // setOID reads nLength characters of szText: every run of digits is one
   // arc. More than 19 arcs fail with code 1, fewer than 2 with code 2; an

@@ -13,8 +13,10 @@ bool Accept(unsigned char c) {
 
 ASN1PrintableString::ASN1PrintableString() { m_ucPrimitiveTag = ASN1_TAG_PRINTABLESTRING; }
 
-int ASN1PrintableString::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1PrintableString", ASN1_TAG_PRINTABLESTRING, "TagType(%d)is not ASN1_TAG_PRINTABLESTRING");
+int ASN1PrintableString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1PrintableString::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1PrintableString", ASN1_TAG_PRINTABLESTRING, "TagType(%d)is not ASN1_TAG_PRINTABLESTRING");
 }
 
 int ASN1PrintableString::checkValue(const unsigned char* p, int n) {

@@ -9,6 +9,7 @@ class ASN1PrintableString : public ASN1Object {
   // Decodes one element and checks that it is a PrintableString (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
  protected:
   // Letters, digits, space and ' ( ) + , - . / : = ?

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
 const char kClass[] = "ASN1Sequence";
-const char kLengthError[] = "ASN1 Format(Length) Error";
 constexpr int kGrowBy = 20;
 
 }  // namespace
@@ -24,7 +24,11 @@ ASN1Sequence::ASN1Sequence(unsigned char ucTag) : m_nComponentCount(0), m_nCompo
 ASN1Sequence::~ASN1Sequence() = default;
 
 ASN1Sequence::ASN1Sequence(const ASN1Sequence& other)
-    : ASN1Object(other), m_nComponentCount(0), m_nComponentCapacity(0) {
+    : ASN1Object(other),
+      m_nComponentCount(0),
+      m_nComponentCapacity(0),
+      m_pBorrowed(other.m_pBorrowed),
+      m_nBorrowed(other.m_nBorrowed) {
   if (other.m_nComponentCount > 0) {
     pComponentInfo.reset(new (std::nothrow) ComponentInfo[other.m_nComponentCapacity]());
     if (pComponentInfo) {
@@ -48,7 +52,11 @@ ASN1Sequence::ASN1Sequence(ASN1Sequence&& other) noexcept
     : ASN1Object(std::move(other)),
       m_nComponentCount(other.m_nComponentCount),
       m_nComponentCapacity(other.m_nComponentCapacity),
-      pComponentInfo(std::move(other.pComponentInfo)) {
+      pComponentInfo(std::move(other.pComponentInfo)),
+      m_pBorrowed(other.m_pBorrowed),
+      m_nBorrowed(other.m_nBorrowed) {
+  other.m_pBorrowed = nullptr;
+  other.m_nBorrowed = 0;
   other.m_nComponentCount = 0;
   other.m_nComponentCapacity = 0;
 }
@@ -59,23 +67,59 @@ ASN1Sequence& ASN1Sequence::operator=(ASN1Sequence&& other) noexcept {
     m_nComponentCount = other.m_nComponentCount;
     m_nComponentCapacity = other.m_nComponentCapacity;
     pComponentInfo = std::move(other.pComponentInfo);
+    m_pBorrowed = other.m_pBorrowed;
+    m_nBorrowed = other.m_nBorrowed;
+    other.m_pBorrowed = nullptr;
+    other.m_nBorrowed = 0;
     other.m_nComponentCount = 0;
     other.m_nComponentCapacity = 0;
   }
   return *this;
 }
 
-int ASN1Sequence::fromASN1Object(const ByteString& bsData) {
-  return decodeConstructed(__FILE__, __LINE__, bsData, kClass, ASN1_TAG_SEQUENCE,
+int ASN1Sequence::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1Sequence::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeConstructed(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_SEQUENCE,
                            "TagType(%d)is not ASN1_TAG_SEQUENCE");
 }
 
-int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
-                                    unsigned char ucTag, const char* szTagFormat) {
+int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const unsigned char* pData, int nData,
+                                    const char* szClass, unsigned char ucTag, const char* szTagFormat) {
   m_nComponentCount = 0;
-  if (const int rc = decodeTyped(szFile, nLine, bsData, szClass, ucTag, szTagFormat)) return rc;
+  m_pBorrowed = nullptr;
+  m_nBorrowed = 0;
+  const unsigned char* content = nullptr;
+  int contentLength = 0;
+  if (const int rc = decodeTyped(szFile, nLine, pData, nData, szClass, ucTag, szTagFormat,
+                                 m_bBorrow ? &content : nullptr, m_bBorrow ? &contentLength : nullptr))
+    return rc;
+  if (m_bBorrow) {
+    m_bsValue.clear();
+    // A zero-length contents keeps a non-null view so contents() stays on it.
+    m_pBorrowed = content;
+    m_nBorrowed = contentLength;
+  }
+  if (m_bNoTable) return 0;
   if (ExtractComponentInfo() != 0) return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", 3);
   return 0;
+}
+
+int ASN1Sequence::borrowContents(const unsigned char* pData, int nData, const unsigned char** ppContent,
+                                 int* pnContent) {
+  m_bBorrow = m_bNoTable = true;
+  const int rc = fromASN1View(pData, nData);
+  m_bBorrow = m_bNoTable = false;
+  *ppContent = rc == 0 ? m_pBorrowed : nullptr;
+  *pnContent = rc == 0 ? m_nBorrowed : 0;
+  return rc;
+}
+
+int ASN1Sequence::borrowComponents(const unsigned char* pData, int nData) {
+  m_bBorrow = true;
+  const int rc = fromASN1View(pData, nData);
+  m_bBorrow = false;
+  return rc;
 }
 
 int ASN1Sequence::ReallocCompontntInfo() {
@@ -83,10 +127,10 @@ int ASN1Sequence::ReallocCompontntInfo() {
   // so that a SEQUENCE OF with very many members is not copied quadratically.
   const int step = std::max(kGrowBy, m_nComponentCapacity / 2 / kGrowBy * kGrowBy);
   if (m_nComponentCapacity > INT32_MAX / static_cast<int>(sizeof(ComponentInfo)) - step)
-    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
   const int capacity = m_nComponentCapacity + step;
   std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
-  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, "Memory Allocation Error");
+  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
   // Every old entry moves over: a walk in progress fills entries ahead of the published count.
   if (m_nComponentCapacity > 0)
     std::copy(pComponentInfo.get(), pComponentInfo.get() + m_nComponentCapacity, table.get());
@@ -98,8 +142,8 @@ int ASN1Sequence::ReallocCompontntInfo() {
 int ASN1Sequence::ExtractComponentInfo() {
   static const char kMethod[] = "ExtractComponentInfo";
   m_nComponentCount = 0;
-  const unsigned char* const p = m_bsValue.data();
-  const int n = m_bsValue.length();
+  const unsigned char* const p = contents();
+  const int n = contentsLength();
   ByteReader r(p, static_cast<std::size_t>(n));
   int count = 0;
   // The table is published only when the whole value has been walked.
@@ -126,24 +170,17 @@ int ASN1Sequence::ExtractComponentInfo() {
     entry.nOffset = static_cast<int>(start - p);
     entry.nTagKey = tagged == ASN1_UNTAGGED ? -static_cast<int>(tag) : tagNo;
 
-    std::uint8_t first = 0;
-    if (r.readU8(&first) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
-    std::uint32_t len = first;
-    if (first == 0x80) {
+    std::uint32_t len = 0;
+    bool indefinite = false;
+    if (r.readLength(&len, &indefinite) != BS_OK)
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
+    if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
         return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 5));
       len = static_cast<std::uint32_t>(inner) + 2;
-    } else if (first > 0x80) {
-      len = 0;
-      for (int i = first - 0x80; i > 0; --i) {
-        std::uint8_t digit = 0;
-        if (r.readU8(&digit) != BS_OK || len > (static_cast<std::uint32_t>(INT32_MAX) >> 8))
-          return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
-        len = (len << 8) | digit;
-      }
     }
-    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, kLengthError));
+    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
     ++count;
   }
   for (int i = 0; i < count; ++i) {
@@ -156,14 +193,20 @@ int ASN1Sequence::ExtractComponentInfo() {
 
 int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
   static const char kMethod[] = "addComponent";
-  // An empty component is what a failed member encoding returns: refusing it
-  // keeps the table in step with the value.
-  if (bsComponent.length() == 0) return ASN1_FAIL(kClass, kMethod, "bsComponent", 1, "ASN1 Format Error");
+  // An empty component gets its (zero-length) table entry like any other, so
+  // the table still counts every component added.
   if (m_nComponentCount == m_nComponentCapacity && ReallocCompontntInfo() != 0)
     return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 1);
+  if (m_pBorrowed) {
+    // Building on a borrowed walk starts from a value of its own.
+    if (m_bsValue.setData(m_pBorrowed, m_nBorrowed) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
+    m_pBorrowed = nullptr;
+    m_nBorrowed = 0;
+  }
   const int offset = m_bsValue.length();
   if (m_bsValue.append(bsComponent.data(), bsComponent.length()) != BS_OK)
-    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, "Memory Allocation Error");
+    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
   pComponentInfo[m_nComponentCount] = ComponentInfo{offset, bsComponent.length(), nTagKey};
   ++m_nComponentCount;
   return 0;
@@ -192,14 +235,14 @@ ByteString& ASN1Sequence::getComponent(int nIndex) {
     m_bsEncoded.clear();
     return m_bsEncoded;
   }
-  m_bsEncoded.setData(m_bsValue.data() + info->nOffset, info->nLength);
+  m_bsEncoded.setData(contents() + info->nOffset, info->nLength);
   return m_bsEncoded;
 }
 
 int ASN1Sequence::getComponentBytes(int nIndex, const unsigned char** ppData, int* pnLength) const {
   const ComponentInfo* info = getComponentInfo(nIndex);
   if (!info) return 1;
-  if (ppData) *ppData = m_bsValue.data() + info->nOffset;
+  if (ppData) *ppData = contents() + info->nOffset;
   if (pnLength) *pnLength = info->nLength;
   return 0;
 }
@@ -214,14 +257,20 @@ int ASN1Sequence::getComponentTag(int nIndex) const {
   if (!info) return -1;
   // The key of a universal tag 0 equals that of a [0] member; the identifier
   // octet itself tells them apart.
-  const unsigned char id = m_bsValue.data()[info->nOffset];
+  const unsigned char id = contents()[info->nOffset];
   if (id & 0xC0) return -2;
   return -info->nTagKey;
 }
 
 void ASN1Sequence::removeAllComponents() {
   m_bsValue.clear();
+  m_pBorrowed = nullptr;
+  m_nBorrowed = 0;
   m_nComponentCount = 0;
 }
 
-int ASN1Sequence::afterSetValue() { return ExtractComponentInfo(); }
+int ASN1Sequence::afterSetValue() {
+  m_pBorrowed = nullptr;
+  m_nBorrowed = 0;
+  return ExtractComponentInfo();
+}

@@ -34,6 +34,7 @@ class ASN1Sequence : public ASN1Object {
   // Decodes the outer element (code 1), checks the tag (code 2; an implicit
   // tag is taken as SEQUENCE) and builds the component table (code 3).
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // Appends one complete encoding and its table entry; 0, or 1 when the
   // table or the value cannot grow.
@@ -57,6 +58,17 @@ class ASN1Sequence : public ASN1Object {
   // The whole table entry of component i, or null out of range.
   const ComponentInfo* getComponentInfo(int nIndex) const;
 
+  // Decodes as fromASN1View does (same checks, codes and traces) without
+  // copying the contents: the table and getComponentBytes refer to the
+  // caller's bytes, which must outlive their use; getValue() stays empty.
+  // The structure engines walk their components this way.
+  int borrowComponents(const unsigned char* pData, int nData);
+  // The same decode up to the contents only: no component table is built
+  // (getComponentCount() stays 0); the contents span is handed back. A
+  // caller that finds a component it cannot vouch for calls
+  // ExtractComponentInfo() for the walk's own result and trace.
+  int borrowContents(const unsigned char* pData, int nData, const unsigned char** ppContent, int* pnContent);
+
   // Builds the component table from m_bsValue; 0 or codes 1-5.
   int ExtractComponentInfo();
   // Grows the table by 20 entries (by a multiple of 20 near half its size
@@ -70,10 +82,20 @@ class ASN1Sequence : public ASN1Object {
   int afterSetValue() override;
   // Decoding shared with ASN1Set: the outer element, the tag check with
   // szTagFormat, then the component table.
-  int decodeConstructed(const char* szFile, int nLine, const ByteString& bsData, const char* szClass,
+  int decodeConstructed(const char* szFile, int nLine, const unsigned char* pData, int nData, const char* szClass,
                         unsigned char ucTag, const char* szTagFormat);
+  // The contents the table refers to: the caller's bytes after
+  // borrowComponents, m_bsValue otherwise.
+  const unsigned char* contents() const { return m_pBorrowed ? m_pBorrowed : m_bsValue.data(); }
+  int contentsLength() const { return m_pBorrowed ? m_nBorrowed : m_bsValue.length(); }
 
   int m_nComponentCount;
   int m_nComponentCapacity;
   std::unique_ptr<ComponentInfo[]> pComponentInfo;
+
+ private:
+  bool m_bBorrow = false;                     // set only while borrowComponents decodes
+  bool m_bNoTable = false;                    // set only while borrowContents decodes
+  const unsigned char* m_pBorrowed = nullptr;  // the caller's contents after borrowComponents
+  int m_nBorrowed = 0;
 };

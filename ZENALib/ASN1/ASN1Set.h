@@ -12,4 +12,5 @@ class ASN1Set : public ASN1Sequence {
   // Decodes the outer element (code 1), checks the tag (code 2; an implicit
   // tag is taken as SET) and builds the component table (code 3).
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 };

@@ -14,6 +14,7 @@ class ASN1UTCTime : public ASN1Object {
   // Decodes one element and checks that it is a UTCTime (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // Writes the text of a calendar time (seconds since 1970-01-01 UTC); a
   // time before 1970 fails with code 1.

@@ -4,8 +4,10 @@
 
 ASN1UTF8String::ASN1UTF8String() { m_ucPrimitiveTag = ASN1_TAG_UTF8STRING; }
 
-int ASN1UTF8String::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1UTF8String", ASN1_TAG_UTF8STRING,
+int ASN1UTF8String::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1UTF8String::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1UTF8String", ASN1_TAG_UTF8STRING,
                      "Tag(%0x2d) is not ASN1_TAG_UTF8STRING");
 }
 

@@ -9,6 +9,7 @@ class ASN1UTF8String : public ASN1Object {
   // Decodes one element and checks that it is a UTF8String (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // The value as 16-bit units, low octet first: ASCII octets and Hangul
   // syllables (U+AC00 to U+D7A3) are converted, every other octet becomes

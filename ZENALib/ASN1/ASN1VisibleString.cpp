@@ -14,8 +14,10 @@ bool Accept(unsigned char c) {
 
 ASN1VisibleString::ASN1VisibleString() { m_ucPrimitiveTag = ASN1_TAG_VISIBLESTRING; }
 
-int ASN1VisibleString::fromASN1Object(const ByteString& bsData) {
-  return decodeTyped(__FILE__, __LINE__, bsData, "ASN1VisibleString", ASN1_TAG_VISIBLESTRING, "Tag(%0x2d) is not ASN1_TAG_VISIBLESTRING");
+int ASN1VisibleString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
+
+int ASN1VisibleString::fromASN1View(const unsigned char* pData, int nData) {
+  return decodeTyped(__FILE__, __LINE__, pData, nData, "ASN1VisibleString", ASN1_TAG_VISIBLESTRING, "Tag(%0x2d) is not ASN1_TAG_VISIBLESTRING");
 }
 
 int ASN1VisibleString::checkValue(const unsigned char* p, int n) {

@@ -11,9 +11,17 @@
 class RAny : public RObject {
  public:
   RAny() : RObject(ASN1_TAG_NONE) {}
+  RAny(const RAny&) = default;
+  RAny& operator=(const RAny&) = default;
+  ~RAny() override {
+    if (isSecret()) m_bsElement.zeroize();
+  }
   const char* className() const override { return "RAny"; }
   ByteString& toASN1Object() override;
-  int fromASN1Object(const ByteString& bsData) override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // The element itself (identifier, length, contents); empty when unset.
   const ByteString& getElement() const { return m_bsElement; }

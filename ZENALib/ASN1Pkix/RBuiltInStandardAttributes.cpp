@@ -51,11 +51,11 @@ const RSchema& RBuiltInStandardAttributes::decodeSchema(bool bCountry, bool bAdm
   return variants[(bCountry ? 1 : 0) | (bAdministration ? 2 : 0)].schema;
 }
 
-int RBuiltInStandardAttributes::fromASN1Object(const ByteString& bsData) {
+int RBuiltInStandardAttributes::fromASN1View(const unsigned char* pData, int nData) {
   // Peek at the identifiers of the first two components; RReadHeader bounds
   // every read by the input.
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+  const unsigned char* p = pData;
+  int n = nData;
   RElementHeader outer{}, h{};
   bool bCountry = false, bAdministration = false;
   if (RReadHeader(p, n, &outer) == 0) {
@@ -69,7 +69,7 @@ int RBuiltInStandardAttributes::fromASN1Object(const ByteString& bsData) {
     bAdministration = RReadHeader(p, n, &h) == 0 && h.first == kAdministrationId;
   }
   m_pDecodeSchema = &decodeSchema(bCountry, bAdministration);
-  const int rc = RStructure::fromASN1Object(bsData);
+  const int rc = RStructure::fromASN1View(pData, nData);
   m_pDecodeSchema = nullptr;
   return rc;
 }

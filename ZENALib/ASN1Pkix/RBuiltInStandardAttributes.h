@@ -33,7 +33,8 @@ class RBuiltInStandardAttributes : public RStructure {
   R_COMPONENT(ROrganizationalUnitNames, OrganizationalUnitNames, organizational_unit_names)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
  protected:
   const RSchema& schema() const override { return m_pDecodeSchema ? *m_pDecodeSchema : kSchema; }

@@ -7,13 +7,13 @@ const RField RCertBag::kFields[] = {
 const RSchema RCertBag::kSchema =
     R_SCHEMA(RCertBag, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not two."), kFields);
 
-int RCertBag::fromASN1Object(const ByteString& bsData) {
-  const int rc = RStructure::fromASN1Object(bsData);
+int RCertBag::fromASN1View(const unsigned char* pData, int nData) {
+  const int rc = RStructure::fromASN1View(pData, nData);
   if (rc != 0) return rc;
   // The base has checked both components; the [0] wrapper must end with its
   // one element (the value member reads only the first).
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+  const unsigned char* p = pData;
+  int n = nData;
   RElementHeader outer{}, id{}, wrapper{}, inner{};
   if (RReadHeader(p, n, &outer) != 0) return 0;
   p += outer.headerLength;

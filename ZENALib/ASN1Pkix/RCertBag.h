@@ -19,5 +19,6 @@ class RCertBag : public RStructure {
   R_COMPONENT(RAny, CertValue, certValue)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 };

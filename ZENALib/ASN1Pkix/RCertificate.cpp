@@ -8,9 +8,14 @@ const RField RCertificate::kFields[] = {
 const RSchema RCertificate::kSchema =
     R_SCHEMA(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kFields);
 
-int RCertificate::fromASN1Object(const ByteString& bsData) {
+int RCertificate::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertificate.clear();
-  const int rc = RStructure::fromASN1Object(bsData);
-  if (rc == 0) RFirstComponentBytes(bsData, &m_bsRawTBSCertificate);
+  const int rc = RStructure::fromASN1View(pData, nData);
+  if (rc != 0) m_bsRawTBSCertificate.clear();
   return rc;
+}
+
+void RCertificate::componentDecoded(const ASN1Object& member, const unsigned char* p, int n) {
+  // The signed part, kept once as it was received.
+  if (&member == &m_tbsCertificate) m_bsRawTBSCertificate.setData(p, n);
 }

@@ -12,10 +12,14 @@ class RCertificate : public RStructure {
   R_COMPONENT(ASN1BitString, Signature, signature)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
   // The tbsCertificate exactly as received: a signature is checked over
   // these bytes, never over a re-encoding.
   const ByteString& getRawTBSCertificate() const { return m_bsRawTBSCertificate; }
+
+ protected:
+  void componentDecoded(const ASN1Object& member, const unsigned char* p, int n) override;
 
  private:
   ByteString m_bsRawTBSCertificate;

@@ -8,9 +8,14 @@ const RField RCertificateList::kFields[] = {
 const RSchema RCertificateList::kSchema =
     R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kFields);
 
-int RCertificateList::fromASN1Object(const ByteString& bsData) {
+int RCertificateList::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertList.clear();
-  const int rc = RStructure::fromASN1Object(bsData);
-  if (rc == 0) RFirstComponentBytes(bsData, &m_bsRawTBSCertList);
+  const int rc = RStructure::fromASN1View(pData, nData);
+  if (rc != 0) m_bsRawTBSCertList.clear();
   return rc;
+}
+
+void RCertificateList::componentDecoded(const ASN1Object& member, const unsigned char* p, int n) {
+  // The signed part, kept once as it was received.
+  if (&member == &m_tbsCertList) m_bsRawTBSCertList.setData(p, n);
 }

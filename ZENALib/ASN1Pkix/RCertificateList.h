@@ -14,10 +14,14 @@ class RCertificateList : public RStructure {
   R_COMPONENT(ASN1BitString, Signature, signature)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
   // The tbsCertList exactly as received: the signature is checked over
   // these bytes, never over a re-encoding.
   const ByteString& getRawTBSCertList() const { return m_bsRawTBSCertList; }
+
+ protected:
+  void componentDecoded(const ASN1Object& member, const unsigned char* p, int n) override;
 
  private:
   ByteString m_bsRawTBSCertList;

@@ -1,4 +1,8 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+#include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 void RChoice::select(const ASN1Object& member) {
   const RSchema& s = schema();
@@ -10,12 +14,37 @@ bool RChoice::isSelected(const ASN1Object& member) const {
   return m_nSelected >= 0 && &schema().fields[m_nSelected].ref(const_cast<RChoice&>(*this)) == &member;
 }
 
+std::int64_t RChoice::encodedLength() {
+  if (m_nSelected < 0) return -1;
+  const RField& f = schema().fields[m_nSelected];
+  applyFieldTag(f);
+  const std::int64_t n = f.ref(*this).encodedLength();
+  if (n < 0) return -1;
+  m_nContentLength = n;
+  if (m_ucTaggedType != ASN1_EXPLICIT) return n;
+  unsigned char header[16];
+  const int nh = explicitHeader(static_cast<std::uint64_t>(n), header);
+  return nh < 0 ? -1 : nh + n;
+}
+
+int RChoice::encodeTo(ByteWriter& w) {
+  if (m_nSelected < 0) return -1;
+  if (m_ucTaggedType == ASN1_EXPLICIT) {
+    unsigned char header[16];
+    const int nh = explicitHeader(static_cast<std::uint64_t>(m_nContentLength), header);
+    if (nh < 0) return -1;
+    w.bytes(header, static_cast<std::size_t>(nh));
+  }
+  return schema().fields[m_nSelected].ref(*this).encodeTo(w);
+}
+
 ByteString& RChoice::toASN1Object() {
   const RSchema& s = schema();
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
   m_bsEncoded.clear();
   if (m_nSelected < 0) {
-    failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, "No alternative is selected.");
+    failAt(&s, "toASN1Object", "m_nSelected", R_ERR_CHOICE, r_msg::kNoAlternative);
     return m_bsEncoded;
   }
   const RField& f = s.fields[m_nSelected];
@@ -35,16 +64,16 @@ ByteString& RChoice::toASN1Object() {
   return m_bsEncoded;
 }
 
-int RChoice::fromASN1Object(const ByteString& bsData) {
+int RChoice::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nSelected = -1;
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+  const unsigned char* p = pData;
+  int n = nData;
   if (m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0)
-    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, "ASN1 Format Error");
+  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
     if (!fieldMatches(f, h)) continue;
@@ -53,6 +82,6 @@ int RChoice::fromASN1Object(const ByteString& bsData) {
     return 0;
   }
   ByteString msg;
-  msg.format("No alternative has the identifier 0x%02X.", h.first);
+  msg.format(r_msg::kNoAlternativeFor, h.first);
   return failAt(&s, "fromASN1Object", "m_nSelected", R_ERR_CHOICE, msg.c_str());
 }

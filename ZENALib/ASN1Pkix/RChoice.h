@@ -14,7 +14,10 @@ class RChoice : public RObject {
  public:
   const char* className() const override { return schema().cls; }
   ByteString& toASN1Object() override;
-  int fromASN1Object(const ByteString& bsData) override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // Index of the selected alternative in the schema, -1 when none is.
   int getSelected() const { return m_nSelected; }

@@ -10,3 +10,7 @@ const RField RDSAPrivateKey::kFields[] = {
 };
 const RSchema RDSAPrivateKey::kSchema =
     R_SCHEMA(RDSAPrivateKey, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
+
+RDSAPrivateKey::RDSAPrivateKey() {
+  m_x.setSecret(true);
+}

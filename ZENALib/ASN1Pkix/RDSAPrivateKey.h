@@ -19,4 +19,7 @@ class RDSAPrivateKey : public RStructure {
   R_COMPONENT(ASN1Integer, G, g)
   R_COMPONENT(ASN1Integer, Y, y)
   R_COMPONENT(ASN1Integer, X, x)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RDSAPrivateKey();
 };

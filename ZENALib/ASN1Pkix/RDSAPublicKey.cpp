@@ -17,10 +17,10 @@ const RField RDSAPublicKey::kKeyFields[] = {
 const RSchema RDSAPublicKey::kKeySchema =
     R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(4, "The number of components is not 4."), kKeyFields);
 
-int RDSAPublicKey::fromASN1Object(const ByteString& bsData) {
+int RDSAPublicKey::fromASN1View(const unsigned char* pData, int nData) {
   // The count picks the form; the base then checks it against that form's
   // rule, so three or fewer report "not 3." and more report "not 4.".
   ASN1Sequence counter;
-  if (counter.fromASN1Object(bsData) == 0) m_bPublicValue = counter.getComponentCount() > 3;
-  return RStructure::fromASN1Object(bsData);
+  if (counter.fromASN1View(pData, nData) == 0) m_bPublicValue = counter.getComponentCount() > 3;
+  return RStructure::fromASN1View(pData, nData);
 }

@@ -19,7 +19,8 @@ class RDSAPublicKey : public RStructure {
   R_COMPONENT(ASN1Integer, G, g)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
   // The public value; setY makes the object the four-component key form,
   // clearY the three-component parameters.
   const ASN1Integer& getY() const { return m_y; }

@@ -8,3 +8,7 @@ const RField RECPrivateKey::kFields[] = {
 };
 const RSchema RECPrivateKey::kSchema =
     R_SCHEMA(RECPrivateKey, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 component is required."), kFields);
+
+RECPrivateKey::RECPrivateKey() {
+  m_privateKey.setSecret(true);
+}

@@ -16,4 +16,7 @@ class RECPrivateKey : public RStructure {
   R_COMPONENT(ASN1OctetString, PrivateKey, privateKey)
   R_COMPONENT(RecpkParameters, Parameters, parameters)
   R_COMPONENT(ASN1BitString, PublicKey, publicKey)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RECPrivateKey();
 };

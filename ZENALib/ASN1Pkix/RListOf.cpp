@@ -1,9 +1,38 @@
 #include "ZENALib/ASN1Pkix/RListOf.h"
 
 #include "ZENALib/ASN1/ASN1Set.h"
+#include "base/ByteReader.h"
+
+std::int64_t RListBase::encodedLength() {
+  std::int64_t content = 0;
+  for (int i = 0; i < getCount(); ++i) {
+    const std::int64_t n = itemAt(i).encodedLength();
+    if (n < 0) return -1;
+    content += n;
+  }
+  Header h;
+  if (constructedHeader(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE,
+                        static_cast<std::uint64_t>(content), &h) != 0)
+    return -1;
+  m_nContentLength = content;
+  return h.nOuter + h.nInner + content;
+}
+
+int RListBase::encodeTo(ByteWriter& w) {
+  Header h;
+  if (constructedHeader(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE,
+                        static_cast<std::uint64_t>(m_nContentLength), &h) != 0)
+    return -1;
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner));
+  for (int i = 0; i < getCount(); ++i)
+    if (itemAt(i).encodeTo(w) != 0) return -1;
+  return 0;
+}
 
 ByteString& RListBase::toASN1Object() {
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
+  // Item by item, so a failure is reported with the item's trace.
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
@@ -24,20 +53,20 @@ ByteString& RListBase::toASN1Object() {
   return finishEncoding(asnSeq, nullptr);
 }
 
-int RListBase::fromASN1Object(const ByteString& bsData) {
+int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   m_nErrorCode = 0;
   removeAllItems();
-  ASN1Set set;
-  ASN1Sequence sequence;
-  ASN1Sequence& asnSeq = m_ucPrimitiveTag == ASN1_TAG_SET ? set : sequence;
-  int rc = asnSeq.fromASN1Object(bsData);
-  if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
-  for (int i = 0; i < asnSeq.getComponentCount(); ++i) {
-    const unsigned char* p = nullptr;
-    int n = 0;
-    asnSeq.getComponentBytes(i, &p, &n);
+  // The items are walked in place: no copy of the contents.
+  RComponentWalk walk(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE);
+  int rc = walk.open(pData, nData);
+  if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, walk.sequence().getErrorMessage().c_str());
+  // Room for every item at once: growing would copy the items decoded so far.
+  reserveItems(walk.count());
+  const unsigned char* p = nullptr;
+  int n = 0;
+  while (walk.next(&p, &n)) {
     ASN1Object& item = appendItem();
-    if ((rc = item.fromASN1Object(ByteString(p, n))) != 0)
+    if ((rc = item.fromASN1View(p, n)) != 0)
       return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());
   }
   return 0;

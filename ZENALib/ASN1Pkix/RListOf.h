@@ -17,7 +17,10 @@ class RListBase : public RObject {
  public:
   const char* className() const override { return m_szClass; }
   ByteString& toASN1Object() override;
-  int fromASN1Object(const ByteString& bsData) override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
   virtual int getCount() const = 0;
 
  protected:
@@ -25,6 +28,7 @@ class RListBase : public RObject {
   virtual ASN1Object& itemAt(int i) = 0;
   virtual ASN1Object& appendItem() = 0;
   virtual void removeAllItems() = 0;
+  virtual void reserveItems(int n) = 0;
 
  private:
   const char* m_szClass;
@@ -49,6 +53,7 @@ class RListOf : public RListBase {
     return m_items.back();
   }
   void removeAllItems() override { m_items.clear(); }
+  void reserveItems(int n) override { m_items.reserve(static_cast<std::size_t>(n)); }
 
   std::vector<T> m_items;
 };

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RObject.h"
 
+#include <new>
+
 #include "base/ByteReader.h"
 #include "base/Limits.h"
 
@@ -47,46 +49,21 @@ const char* RTagName(int tag) {
 int RReadHeader(const unsigned char* p, int n, RElementHeader* h) {
   if (!p || n < 2) return R_ERR_FORMAT;
   ByteReader r(p, static_cast<std::size_t>(n));
-  std::uint8_t b = 0;
-  r.readU8(&h->first);
-  h->tagNo = h->first & 0x1F;
-  if (h->tagNo == 0x1F) {
-    // High tag number: at most three more identifier octets.
-    h->tagNo = 0;
-    int extra = 0;
-    do {
-      if (++extra >= qva_limits::kMaxTagOctets || r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-      h->tagNo = (h->tagNo << 7) | (b & 0x7F);
-    } while (b & 0x80);
-  }
-  h->idLength = n - static_cast<int>(r.remaining());
-  if (r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-  if (b < 0x80) {
-    h->contentLength = b;
-  } else if (b == 0x80) {
-    h->contentLength = -1;
-  } else {
-    const int octets = b & 0x7F;
-    if (octets > qva_limits::kMaxLengthOctets) return R_ERR_FORMAT;
-    std::uint32_t len = 0;
-    for (int i = 0; i < octets; ++i) {
-      if (r.readU8(&b) != BS_OK) return R_ERR_FORMAT;
-      len = (len << 8) | b;
-    }
-    if (len > static_cast<std::uint32_t>(INT32_MAX)) return R_ERR_FORMAT;
-    h->contentLength = static_cast<int>(len);
-  }
-  h->headerLength = n - static_cast<int>(r.remaining());
-  if (h->contentLength >= 0) {
-    if (static_cast<std::size_t>(h->contentLength) > r.remaining()) return R_ERR_FORMAT;
+  TagLength t;
+  if (r.readTagLength(&t) != BS_OK) return R_ERR_FORMAT;
+  h->first = t.first;
+  h->tagNo = static_cast<int>(t.tagNo);
+  h->idLength = static_cast<int>(t.idLength);
+  h->headerLength = static_cast<int>(t.headerLength);
+  if (!t.indefinite) {
+    h->contentLength = static_cast<int>(t.contentLength);
     h->totalLength = h->headerLength + h->contentLength;
-  } else {
-    ASN1Object scanner;
-    int len = 0;
-    if (scanner.findIndefiniteLengEnd(p + h->headerLength, n - h->headerLength, &len) != 0) return R_ERR_FORMAT;
-    if (len > n - h->headerLength - 2) return R_ERR_FORMAT;
-    h->totalLength = h->headerLength + len + 2;
+    return 0;
   }
+  std::size_t len = 0;
+  if (r.findEndOfContents(&len) != BS_OK || len + 2 > r.remaining()) return R_ERR_FORMAT;
+  h->contentLength = -1;
+  h->totalLength = h->headerLength + static_cast<int>(len) + 2;
   return 0;
 }
 
@@ -97,6 +74,77 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
   const int n = outer.length();
   if (RReadHeader(p, n, &h) == 0 && RReadHeader(p + h.headerLength, n - h.headerLength, &first) == 0)
     out->setData(p + h.headerLength, first.totalLength);
+}
+
+RComponentWalk::RComponentWalk(unsigned char ucTag)
+    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
+                                   : new (m_storage) ASN1Sequence()) {}
+
+RComponentWalk::~RComponentWalk() { m_pSeq->~ASN1Sequence(); }
+
+int RComponentWalk::open(const unsigned char* pData, int nData) {
+  if (const int rc = m_pSeq->borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
+  ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
+  int count = 0;
+  while (!r.empty()) {
+    TagLength t;
+    const unsigned char first = r.data()[0];
+    const unsigned char utag = static_cast<unsigned char>(first & 0x1F);
+    // The component table refuses these universal tags; let it say so.
+    const bool reserved = !(first & 0xC0) && ((utag >= 13 && utag <= 15) || utag == 29 || utag == 31);
+    if (reserved || r.readTagLength(&t) != BS_OK || t.indefinite) {
+      // The whole decode again, so a refusal carries the sequence's own trace.
+      m_bTable = true;
+      if (const int rc = m_pSeq->borrowComponents(pData, nData)) return rc;
+      m_nCount = m_pSeq->getComponentCount();
+      return 0;
+    }
+    r.skip(t.contentLength);
+    if (count < kKept) m_anLength[count] = static_cast<int>(t.headerLength + t.contentLength);
+    ++count;
+  }
+  m_nCount = count;
+  return 0;
+}
+
+bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph, int* prc) {
+  if (m_nNext >= m_nCount) return false;
+  if (m_bTable) {
+    m_pSeq->getComponentBytes(m_nNext++, pp, pn);
+    if (ph) *prc = RReadHeader(*pp, *pn, ph);
+    return true;
+  }
+  if (ph) {
+    // A component open() vouched for: a definite length within the contents.
+    ByteReader r(m_pContent + m_nOffset, static_cast<std::size_t>(m_nContent - m_nOffset));
+    TagLength t;
+    r.readTagLength(&t);
+    *pp = m_pContent + m_nOffset;
+    *pn = static_cast<int>(t.headerLength + t.contentLength);
+    ph->first = t.first;
+    ph->tagNo = static_cast<int>(t.tagNo);
+    ph->idLength = static_cast<int>(t.idLength);
+    ph->headerLength = static_cast<int>(t.headerLength);
+    ph->contentLength = static_cast<int>(t.contentLength);
+    ph->totalLength = *pn;
+    // RReadHeader refuses an element of fewer than 2 octets; a header has 2.
+    *prc = 0;
+    m_nOffset += *pn;
+    ++m_nNext;
+    return true;
+  }
+  *pp = m_pContent + m_nOffset;
+  if (m_nNext < kKept) {
+    *pn = m_anLength[m_nNext];
+  } else {
+    ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
+    TagLength t;
+    r.readTagLength(&t);  // vouched for by open()
+    *pn = static_cast<int>(t.headerLength + t.contentLength);
+  }
+  m_nOffset += *pn;
+  ++m_nNext;
+  return true;
 }
 
 RObject::RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
@@ -124,6 +172,36 @@ void RObject::applyFieldTag(const RField& f) {
   ASN1Object& m = f.ref(*this);
   if (f.kind == RKind::Explicit) m.setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
   if (f.kind == RKind::Implicit) m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+}
+
+int RObject::explicitHeader(std::uint64_t nInner, unsigned char* out) const {
+  if (m_nOptionTagNo < 0 || nInner > static_cast<std::uint64_t>(INT32_MAX)) return -1;
+  const unsigned char cls = static_cast<unsigned char>(getTagClass() | ASN1_CONSTRUCTED);
+  int n = 0;
+  if (m_nOptionTagNo < 31) {
+    out[n++] = static_cast<unsigned char>(cls | m_nOptionTagNo);
+  } else {
+    out[n++] = static_cast<unsigned char>(cls | 0x1F);
+    n += putBase128(out + n, static_cast<std::uint32_t>(m_nOptionTagNo));
+  }
+  return n + putLength(out + n, static_cast<std::uint32_t>(nInner));
+}
+
+int RObject::constructedHeader(unsigned char ucTag, std::uint64_t nContent, Header* h) const {
+  const unsigned char cls =
+      m_ucTaggedType == ASN1_EXPLICIT ? static_cast<unsigned char>(getTagClass() | ASN1_CONSTRUCTED) : getTagClass();
+  return buildHeader(ucTag, m_ucTaggedType, m_nOptionTagNo, cls, 0, nContent, h);
+}
+
+bool RObject::encodeOnePass() {
+  const std::int64_t n = encodedLength();
+  if (n < 0) return false;
+  ByteWriter w;
+  w.reserve(static_cast<std::size_t>(n));
+  ByteString out;
+  if (encodeTo(w) != 0 || w.size() != static_cast<std::size_t>(n) || w.finish(&out) != BS_OK) return false;
+  m_bsEncoded = std::move(out);
+  return true;
 }
 
 int RObject::wrapExplicit(const ByteString& inner, ByteString* out) const {
@@ -187,7 +265,7 @@ int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned 
   if (f.kind == RKind::Implicit && utag != ASN1_TAG_NONE && RReadHeader(p, n, &h) == 0 && h.constructed()) {
     rc = m.fromASN1Object(RetagAsUniversal(p, n, h, utag));
   } else {
-    rc = m.fromASN1Object(ByteString(p, n));
+    rc = m.fromASN1View(p, n);
   }
   if (rc != 0) return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
   applyFieldTag(f);  // decoding may have replaced the tagging with what the data said

@@ -11,6 +11,7 @@
 
 #include "ZENALib/ASN1/ASN1Object.h"
 #include "ZENALib/ASN1/ASN1Sequence.h"
+#include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1Pkix/RSchema.h"
 
 constexpr int R_ERR_COUNT = 21;
@@ -40,13 +41,56 @@ int RReadHeader(const unsigned char* p, int n, RElementHeader* h);
 // be read.
 void RFirstComponentBytes(const ByteString& outer, ByteString* out);
 
+// The components of a constructed value as the engines walk them: the
+// contents are read in place, one element after another. open() decodes the
+// outer element exactly as ASN1Sequence (or ASN1Set) does; the components are
+// then counted with the bounded header reader, and only when one of them is
+// something that reader does not vouch for (an indefinite length, a reserved
+// tag) is the sequence's own component table built, so its result and its
+// trace are the ones callers see.
+class RComponentWalk {
+ public:
+  explicit RComponentWalk(unsigned char ucTag);
+  // 0, or the sequence's code (its trace in sequence().getErrorMessage()).
+  int open(const unsigned char* pData, int nData);
+  int count() const { return m_nCount; }
+  // The next component's element; false when none is left. With ph, its
+  // header as RReadHeader reads it (0 there, or R_ERR_FORMAT).
+  bool next(const unsigned char** pp, int* pn, RElementHeader* ph = nullptr, int* prc = nullptr);
+  const ASN1Sequence& sequence() const { return *m_pSeq; }
+
+  RComponentWalk(const RComponentWalk&) = delete;
+  RComponentWalk& operator=(const RComponentWalk&) = delete;
+  ~RComponentWalk();
+
+ private:
+  // Only the sequence class the tag asks for is built.
+  alignas(ASN1Set) unsigned char m_storage[sizeof(ASN1Set) > sizeof(ASN1Sequence) ? sizeof(ASN1Set)
+                                                                                     : sizeof(ASN1Sequence)];
+  ASN1Sequence* m_pSeq;
+  const unsigned char* m_pContent = nullptr;
+  int m_nContent = 0;
+  int m_nCount = 0;
+  int m_nNext = 0;
+  int m_nOffset = 0;
+  bool m_bTable = false;
+  // The lengths of the first components, found while counting.
+  static constexpr int kKept = 16;
+  int m_anLength[kKept];
+};
+
 class RObject : public ASN1Object {
  public:
   // Class name used in traces.
   virtual const char* className() const = 0;
-  // The encoding built by the last toASN1Object (decoding does not keep the
-  // bytes received; RAny does, for components that must stay verbatim).
-  const ByteString& getEncoded() const { return m_bsEncoded; }
+  // The encoding built by the last toASN1Object, or built now when there is
+  // none: an enclosing structure encodes its members straight into its own
+  // buffer. Decoding does not keep the bytes received (RAny does, for
+  // components that must stay verbatim).
+  const ByteString& getEncoded() const {
+    if (m_bsEncoded.length() == 0) const_cast<RObject*>(this)->toASN1Object();
+    return m_bsEncoded;
+  }
 
  protected:
   explicit RObject(unsigned char ucTag);
@@ -71,6 +115,19 @@ class RObject : public ASN1Object {
   void applyFieldTag(const RField& f);
   // The element `inner` under this object's own explicit tag, into out.
   int wrapExplicit(const ByteString& inner, ByteString* out) const;
+  // The identifier and length octets of this object's own explicit tag
+  // around nInner octets, into out (room for 16); their count, or -1.
+  int explicitHeader(std::uint64_t nInner, unsigned char* out) const;
+  // The headers of a SEQUENCE or SET (ucTag) under this object's own tag
+  // around nContent octets, as a sequence given that tag would write them.
+  int constructedHeader(unsigned char ucTag, std::uint64_t nContent, Header* h) const;
+  // Encodes this object in one pass (encodedLength, then encodeTo into one
+  // writer of that size) into m_bsEncoded; false when some part cannot, and
+  // the caller then encodes member by member to report why.
+  bool encodeOnePass();
+
+  // The contents' length found by the last encodedLength, for encodeTo.
+  std::int64_t m_nContentLength = 0;
   // The element inside this object's own explicit tag: (p, n) is narrowed
   // to the inner element. 0 or R_ERR_FORMAT.
   static int unwrapExplicit(const unsigned char** p, int* n);

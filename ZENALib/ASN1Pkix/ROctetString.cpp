@@ -2,6 +2,7 @@
 
 #include "ZENALib/ASN1Pkix/RObject.h"
 #include "base/Limits.h"
+#include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
 
@@ -31,17 +32,17 @@ int ROctetString::joinSegments(const unsigned char* p, int n, int nDepth, ByteSt
   return pOut->status() == BS_OK ? 0 : R_ERR_FORMAT;
 }
 
-int ROctetString::fromASN1Object(const ByteString& bsData) {
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
+int ROctetString::fromASN1View(const unsigned char* pData, int nData) {
+  const unsigned char* p = pData;
+  int n = nData;
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
+  if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1View(pData, nData);
   if (m_ucTaggedType == ASN1_EXPLICIT && h.constructed()) {
     // Look through the explicit tag at the element inside it, which the
     // codec does not check: it must be an OCTET STRING.
     p += h.headerLength;
     n = ContentLength(h);
-    if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1Object(bsData);
+    if (RReadHeader(p, n, &h) != 0) return ASN1OctetString::fromASN1View(pData, nData);
     if (h.tagClass() != ASN1_CLASS_UNIVERSAL || h.tagNo != ASN1_TAG_OCTETSTRING) {
       ASN1OctetString inner;
       const int rc = inner.fromASN1Object(ByteString(p, h.totalLength));
@@ -51,10 +52,10 @@ int ROctetString::fromASN1Object(const ByteString& bsData) {
   }
   // Primitive, or not an OCTET STRING at all: the base decodes or reports it.
   if (!h.constructed() || (h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo != ASN1_TAG_OCTETSTRING))
-    return ASN1OctetString::fromASN1Object(bsData);
+    return ASN1OctetString::fromASN1View(pData, nData);
   ByteString value;
   if (joinSegments(p + h.headerLength, ContentLength(h), 0, &value) != 0)
-    return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, "ASN1 Format Error");
+    return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, asn1_msg::kFormatError);
   m_bsValue = std::move(value);
   m_ucConstructed = 0;
   m_nErrorCode = 0;

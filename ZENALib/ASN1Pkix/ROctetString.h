@@ -11,7 +11,8 @@
 
 class ROctetString : public ASN1OctetString {
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
  private:
   // Appends the segments in (p, n) to *pOut; 0 or R_ERR_FORMAT.

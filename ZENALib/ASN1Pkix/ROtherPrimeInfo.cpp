@@ -7,3 +7,9 @@ const RField ROtherPrimeInfo::kFields[] = {
 };
 const RSchema ROtherPrimeInfo::kSchema =
     R_SCHEMA(ROtherPrimeInfo, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
+
+ROtherPrimeInfo::ROtherPrimeInfo() {
+  m_prime.setSecret(true);
+  m_exponent.setSecret(true);
+  m_coefficient.setSecret(true);
+}

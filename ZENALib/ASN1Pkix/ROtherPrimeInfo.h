@@ -12,4 +12,7 @@ class ROtherPrimeInfo : public RStructure {
   R_COMPONENT(ASN1Integer, Prime, prime)
   R_COMPONENT(ASN1Integer, Exponent, exponent)
   R_COMPONENT(ASN1Integer, Coefficient, coefficient)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  ROtherPrimeInfo();
 };

@@ -6,3 +6,7 @@ const RField RPBEParameter::kFields[] = {
 };
 const RSchema RPBEParameter::kSchema =
     R_SCHEMA(RPBEParameter, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+
+RPBEParameter::RPBEParameter() {
+  m_salt.setSecret(true);
+}

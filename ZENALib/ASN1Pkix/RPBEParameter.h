@@ -11,4 +11,7 @@ class RPBEParameter : public RStructure {
   R_DECLARE_SCHEMA()
   R_COMPONENT(ASN1OctetString, Salt, salt)
   R_COMPONENT(ASN1Integer, IterationCount, iterationCount)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RPBEParameter();
 };

@@ -12,3 +12,7 @@ const RField RPBKDF2_params::kFields[] = {
 };
 const RSchema RPBKDF2_params::kSchema =
     R_SCHEMA(RPBKDF2_params, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 components are required."), kFields);
+
+RPBKDF2_params::RPBKDF2_params() {
+  m_salt.setSecret(true);
+}

@@ -24,4 +24,7 @@ class RPBKDF2_params : public RStructure {
  public:
   // Whether the salt is the specified OCTET STRING (not an otherSource).
   bool isSaltSpecified() const { return m_salt.getIdentifier() == ASN1_TAG_OCTETSTRING; }
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RPBKDF2_params();
 };

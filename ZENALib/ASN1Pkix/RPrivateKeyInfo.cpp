@@ -9,3 +9,7 @@ const RField RPrivateKeyInfo::kFields[] = {
 };
 const RSchema RPrivateKeyInfo::kSchema =
     R_SCHEMA(RPrivateKeyInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(3, "At least 3 components are required."), kFields);
+
+RPrivateKeyInfo::RPrivateKeyInfo() {
+  m_privateKey.setSecret(true);
+}

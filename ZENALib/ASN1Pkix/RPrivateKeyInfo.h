@@ -20,4 +20,7 @@ class RPrivateKeyInfo : public RStructure {
   R_COMPONENT(ASN1OctetString, PrivateKey, privateKey)
   R_COMPONENT(RAttributes, Attributes, attributes)
   R_COMPONENT(ASN1BitString, PublicKey, publicKey)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RPrivateKeyInfo();
 };

@@ -14,3 +14,12 @@ const RField RRSAPrivateKey::kFields[] = {
 };
 const RSchema RRSAPrivateKey::kSchema =
     R_SCHEMA(RRSAPrivateKey, ASN1_TAG_SEQUENCE, R_AT_LEAST(9, "At least 9 components are required."), kFields);
+
+RRSAPrivateKey::RRSAPrivateKey() {
+  m_privateExponent.setSecret(true);
+  m_prime1.setSecret(true);
+  m_prime2.setSecret(true);
+  m_exponent1.setSecret(true);
+  m_exponent2.setSecret(true);
+  m_coefficient.setSecret(true);
+}

@@ -26,4 +26,7 @@ class RRSAPrivateKey : public RStructure {
   R_COMPONENT(ASN1Integer, Exponent2, exponent2)
   R_COMPONENT(ASN1Integer, Coefficient, coefficient)
   R_COMPONENT(ROtherPrimeInfos, OtherPrimeInfos, otherPrimeInfos)
+ public:
+  // The key material (or password-derivation input) is wiped when released.
+  RRSAPrivateKey();
 };

@@ -14,23 +14,19 @@ const RField RSignerInfo::kFields[] = {
 const RSchema RSignerInfo::kSchema =
     R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, "At least 5 components are required."), kFields);
 
-int RSignerInfo::fromASN1Object(const ByteString& bsData) {
+int RSignerInfo::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawSignedAttrs.clear();
-  const int rc = RStructure::fromASN1Object(bsData);
-  if (rc != 0 || !hasSignedAttrs()) return rc;
-  // The fourth component is the [0] element the base just decoded: copy it
-  // as it stands and give it back the SET identifier it is signed under.
+  const int rc = RStructure::fromASN1View(pData, nData);
+  if (rc != 0) m_bsRawSignedAttrs.clear();
+  return rc;
+}
+
+void RSignerInfo::componentDecoded(const ASN1Object& member, const unsigned char* p, int n) {
+  if (&member != &m_signedAttrs) return;
+  // The [0] element as it stands, given back the SET identifier it is signed under.
   RElementHeader h{};
-  const unsigned char* p = bsData.data();
-  int n = bsData.length();
-  if (RReadHeader(p, n, &h) != 0) return 0;
-  int offset = h.headerLength;
-  for (int i = 0; i < 4; ++i) {
-    if (RReadHeader(p + offset, n - offset, &h) != 0) return 0;
-    if (i < 3) offset += h.totalLength;
-  }
+  if (RReadHeader(p, n, &h) != 0) return;
   ByteWriter w;
-  w.u8(ASN1_CONSTRUCTED | ASN1_TAG_SET).bytes(p + offset + h.idLength, static_cast<std::size_t>(h.totalLength - h.idLength));
+  w.u8(ASN1_CONSTRUCTED | ASN1_TAG_SET).bytes(p + h.idLength, static_cast<std::size_t>(h.totalLength - h.idLength));
   w.finish(&m_bsRawSignedAttrs);
-  return 0;
 }

@@ -26,10 +26,14 @@ class RSignerInfo : public RStructure {
   R_COMPONENT(RAttributes, UnsignedAttrs, unsignedAttrs)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
   // The signed attributes as received, under the SET tag (0x31) the
   // signature covers (RFC 5652 5.4); empty when there are none.
   const ByteString& getRawSignedAttrs() const { return m_bsRawSignedAttrs; }
+
+ protected:
+  void componentDecoded(const ASN1Object& member, const unsigned char* p, int n) override;
 
  private:
   ByteString m_bsRawSignedAttrs;

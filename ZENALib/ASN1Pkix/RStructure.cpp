@@ -1,6 +1,8 @@
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
 #include "ZENALib/ASN1/ASN1Set.h"
+#include "base/ByteReader.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
 
 int RStructure::fieldIndex(const ASN1Object& member) const {
   const RSchema& s = schema();
@@ -26,6 +28,8 @@ void RStructure::setPresent(const ASN1Object& member, bool present) {
     m_nPresent &= ~(std::uint64_t{1} << i);
 }
 
+void RStructure::componentDecoded(const ASN1Object&, const unsigned char*, int) {}
+
 int RStructure::checkCount(int nCount) {
   const RCountRule& r = schema().count;
   bool ok = true;
@@ -39,9 +43,41 @@ int RStructure::checkCount(int nCount) {
   return failAt(&schema(), "fromASN1Object", "nCount", R_ERR_COUNT, r.message);
 }
 
+std::int64_t RStructure::encodedLength() {
+  const RSchema& s = schema();
+  std::int64_t content = 0;
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if ((f.flags & (R_OPTIONAL | R_VERSION)) && !((m_nPresent >> i) & 1u)) continue;
+    applyFieldTag(f);
+    const std::int64_t n = f.ref(*this).encodedLength();
+    if (n < 0) return -1;
+    content += n;
+  }
+  Header h;
+  if (constructedHeader(s.tag, static_cast<std::uint64_t>(content), &h) != 0) return -1;
+  m_nContentLength = content;
+  return h.nOuter + h.nInner + content;
+}
+
+int RStructure::encodeTo(ByteWriter& w) {
+  const RSchema& s = schema();
+  Header h;
+  if (constructedHeader(s.tag, static_cast<std::uint64_t>(m_nContentLength), &h) != 0) return -1;
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner));
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if ((f.flags & (R_OPTIONAL | R_VERSION)) && !((m_nPresent >> i) & 1u)) continue;
+    if (f.ref(*this).encodeTo(w) != 0) return -1;
+  }
+  return 0;
+}
+
 ByteString& RStructure::toASN1Object() {
   const RSchema& s = schema();
   m_nErrorCode = 0;
+  if (encodeOnePass()) return m_bsEncoded;
+  // Member by member, so a failure is reported with the member's trace.
   ASN1Set set;
   ASN1Sequence sequence;
   ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
@@ -56,25 +92,25 @@ ByteString& RStructure::toASN1Object() {
   return finishEncoding(asnSeq, &s);
 }
 
-int RStructure::fromASN1Object(const ByteString& bsData) {
+int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nPresent = 0;
-  ASN1Set set;
-  ASN1Sequence sequence;
-  ASN1Sequence& asnSeq = s.tag == ASN1_TAG_SET ? set : sequence;
-  int rc = asnSeq.fromASN1Object(bsData);
-  if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, asnSeq.getErrorMessage().c_str());
-  const int count = asnSeq.getComponentCount();
+  // The components are walked in place: no copy of the contents.
+  RComponentWalk walk(s.tag);
+  int rc = walk.open(pData, nData);
+  if (rc != 0) return failAt(&s, "fromASN1Object", "asnSeq", rc, walk.sequence().getErrorMessage().c_str());
+  const int count = walk.count();
   if ((rc = checkCount(count)) != 0) return rc;
 
-  int next = 0;  // index of the next unread component
+  const unsigned char* p = nullptr;
+  int n = 0;
+  RElementHeader h{};
+  int hrc = 0;
+  bool pending = walk.next(&p, &n, &h, &hrc);  // the next unread component, if any
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
-    const unsigned char* p = nullptr;
-    int n = 0;
-    RElementHeader h{};
-    const bool have = next < count && asnSeq.getComponentBytes(next, &p, &n) == 0 && RReadHeader(p, n, &h) == 0;
+    const bool have = pending && hrc == 0;
     if (!have || !fieldMatches(f, h)) {
       if (f.flags & R_VERSION) {
         // Absent version: v1 (0), and the component index does not advance.
@@ -84,16 +120,17 @@ int RStructure::fromASN1Object(const ByteString& bsData) {
       if (f.flags & R_OPTIONAL) continue;
       ByteString msg;
       if (!have)
-        msg.format("%s component is missing.", f.name);
+        msg.format(r_msg::kComponentMissing, f.name);
       else if (f.kind == RKind::Universal)
-        msg.format("%s component is not %s.", f.name, RTagName(f.tag));
+        msg.format(r_msg::kComponentNotTag, f.name, RTagName(f.tag));
       else
-        msg.format("%s component is not [%d].", f.name, f.tag);
+        msg.format(r_msg::kComponentNotContext, f.name, f.tag);
       return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
     }
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
+    componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
-    ++next;
+    pending = walk.next(&p, &n, &h, &hrc);
   }
   // Components after the last known one (extensions of the schema) are ignored.
   return 0;

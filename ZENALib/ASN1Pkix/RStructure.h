@@ -20,7 +20,10 @@ class RStructure : public RObject {
  public:
   const char* className() const override { return schema().cls; }
   ByteString& toASN1Object() override;
-  int fromASN1Object(const ByteString& bsData) override;
+  std::int64_t encodedLength() override;
+  int encodeTo(ByteWriter& w) override;
+  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1View(const unsigned char* pData, int nData) override;
 
   // Whether an optional member is present (mandatory members always are).
   bool isPresent(const ASN1Object& member) const;
@@ -33,6 +36,10 @@ class RStructure : public RObject {
   // Checks the component count against the schema's rule; 0, or R_ERR_COUNT
   // recorded under "nCount" with the rule's message.
   virtual int checkCount(int nCount);
+  // Called after each component is decoded, with the component's element as
+  // it stands in the input (p, n), so a class can keep the bytes a signature
+  // covers without reading its input a second time.
+  virtual void componentDecoded(const ASN1Object& member, const unsigned char* p, int n);
 
  private:
   int fieldIndex(const ASN1Object& member) const;

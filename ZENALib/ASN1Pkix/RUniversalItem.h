@@ -9,6 +9,7 @@
 #pragma once
 
 #include "ZENALib/ASN1Pkix/RObject.h"
+#include "ZENALib/ASN1Pkix/RMessages.h"
 
 template <typename T>
 class RUniversalItem : public T {
@@ -17,11 +18,14 @@ class RUniversalItem : public T {
   RUniversalItem(const T& v) : T(v) {}  // NOLINT: an item is made from a value of its type
 
   int fromASN1Object(const ByteString& bsData) override {
+    return fromASN1View(ASN1Object::viewOf(bsData), bsData.length());
+  }
+  int fromASN1View(const unsigned char* pData, int nData) override {
     RElementHeader h{};
-    if (RReadHeader(bsData.data(), bsData.length(), &h) != 0 || h.tagClass() == ASN1_CLASS_UNIVERSAL)
-      return T::fromASN1Object(bsData);
+    if (RReadHeader(pData, nData, &h) != 0 || h.tagClass() == ASN1_CLASS_UNIVERSAL)
+      return T::fromASN1View(pData, nData);
     ByteString msg;
-    msg.format("item is not %s.", RTagName(this->getPrimitiveTag()));
+    msg.format(r_msg::kItemNotTag, RTagName(this->getPrimitiveTag()));
     return this->fail(__FILE__, __LINE__, "RUniversalItem", "fromASN1Object", "bsData", R_ERR_TAG, msg.c_str());
   }
 };

@@ -70,11 +70,27 @@ TEST(ByteString, AssignmentAndAppend) {
   s += s;
   EXPECT_EQ(Str(s), "abababab");
 
+  // A source with no bytes leaves no buffer behind, whether it is copied,
+  // moved, or given as a text.
   ByteString zero;
   zero.setData("x", 0);
-  ByteString copy("old");
-  copy = zero;  // a zero-length source leaves no buffer behind
-  EXPECT_TRUE(copy.isEmpty());
+  const ByteString abc("abc");
+  struct Case {
+    const char* how;
+    void (*assign)(ByteString& to, const ByteString& zero, const ByteString& abc);
+  } cases[] = {
+      {"copy of a zero-length string", [](ByteString& t, const ByteString& z, const ByteString&) { t = z; }},
+      {"empty text", [](ByteString& t, const ByteString&, const ByteString&) { t = ""; }},
+      {"empty slice", [](ByteString& t, const ByteString&, const ByteString& a) { t = a.mid(0, 0); }},
+      {"moved zero-length string", [](ByteString& t, const ByteString& z, const ByteString&) { t = ByteString(z.data(), 0); }},
+  };
+  for (const auto& k : cases) {
+    ByteString to("old");
+    k.assign(to, zero, abc);
+    EXPECT_TRUE(to.isEmpty()) << k.how;
+    EXPECT_TRUE(to == static_cast<const char*>(nullptr)) << k.how;
+    EXPECT_EQ(to.length(), 0) << k.how;
+  }
 
   s = 'Z';
   EXPECT_EQ(Str(s), "Z");

@@ -152,11 +152,16 @@ TEST(ASN1Codec, SequenceTableGrowsAndCopies) {
   ASN1Sequence assigned;
   assigned = moved;
   EXPECT_EQ(der, assigned.toASN1Object());
-  // setValue rebuilds the table; addComponent refuses what is not an element.
+  // setValue rebuilds the table; addComponent refuses what is not an element,
+  // and an empty encoding gets an empty entry at the end of the value.
   ASSERT_EQ(0, assigned.setValue(Bytes("0201010500")));
   EXPECT_EQ(2, assigned.getComponentCount());
   EXPECT_EQ(5, assigned.getComponentTag(1));
-  EXPECT_EQ(1, assigned.addComponent(ByteString()));
   EXPECT_EQ(1, assigned.addComponent(Bytes("0f00")));
   EXPECT_EQ(2, assigned.getComponentCount());
+  EXPECT_EQ(0, assigned.addComponent(ByteString()));
+  ASSERT_EQ(3, assigned.getComponentCount());
+  EXPECT_EQ(5, assigned.getComponentInfo(2)->nOffset);
+  EXPECT_EQ(0, assigned.getComponentInfo(2)->nLength);
+  EXPECT_EQ("30050201010500", ToHex(assigned.toASN1Object()));
 }
