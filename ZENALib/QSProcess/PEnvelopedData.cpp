@@ -130,17 +130,18 @@ int PEnvelopedData::addRecipient(const ByteString& bsCert) {
   if (m_nRecipientType == penv::KEK_RECIPIENT_INFO) {
     rc = recipientInfoIsKEKRI(ri);
   } else if (m_nRecipientType == penv::KEY_TRANS_RECIPIENT_INFO || m_nRecipientType == penv::KEY_AGREE_RECIPIENT_INFO) {
+    RCertificate cert;
+    if ((rc = cert.fromASN1Object(bsCert)) != 0) return P_FAIL(kM, "cert", rc, cert.getErrorMessage().c_str());
     PPublicKey pk;
     ByteString spki;
     if ((rc = pk.getPublicKeyInfoFromCert(bsCert, PPublicKey::CERT_KIND_X509, spki)) != 0) {
       return P_FAIL(kM, "pk.getPublicKeyInfoFromCert", rc, pk.getErrorMessage().c_str());
     }
-    RSubjectPublicKeyInfo info;
-    if ((rc = info.fromASN1Object(spki)) != 0) return P_FAIL(kM, "subjectPublicKeyInfo", rc, info.getErrorMessage().c_str());
-    const ByteString oid = info.getAlgorithm().getAlgorithm().getOID();
+    const ByteString oid = cert.getTbsCertificate().getSubjectPublicKeyInfo().getAlgorithm().getAlgorithm().getOID();
     if (oid == poid::kDSA || oid == poid::kKCDSA) return P_FAIL(kM, "bsAlgorithm", penv::ERR_DSA_KCDSA, penv::kDsaKcdsa);
-    rc = m_nRecipientType == penv::KEY_TRANS_RECIPIENT_INFO ? recipientInfoIsKTRI(bsCert, ri)
-                                                             : recipientInfoIsKARI(bsCert, ri);
+    Recipient recipient{bsCert, cert, spki, oid};
+    rc = m_nRecipientType == penv::KEY_TRANS_RECIPIENT_INFO ? recipientInfoIsKTRI(recipient, ri)
+                                                             : recipientInfoIsKARI(recipient, ri);
   } else {
     return P_FAIL(kM, "m_nRecipientType", penv::ERR_UNKNOWN_SYMMETRIC, penv::kRecipientTypeInput);
   }
@@ -153,8 +154,8 @@ namespace {
 
 // The recipient (or originator) named as the form asks: issuerAndSerialNumber
 // or the key identifier of the certificate.
-int NameCertificate(const ByteString& bsCert, int nForm, RIssuerAndSerialNumber* pIas, ASN1OctetString* pSki,
-                    ByteString* pTrace) {
+int NameCertificate(const ByteString& bsCert, const RCertificate& cert, int nForm, RIssuerAndSerialNumber* pIas,
+                    ASN1OctetString* pSki, ByteString* pTrace) {
   if (nForm == penv::SUBJECT_KEY_IDENTIFIER) {
     ByteString id;
     PEnvelopedDataProcess proc;
@@ -165,11 +166,6 @@ int NameCertificate(const ByteString& bsCert, int nForm, RIssuerAndSerialNumber*
     pSki->setValue(proc.getKeyIdentifier());
     return 0;
   }
-  RCertificate cert;
-  if (int rc = cert.fromASN1Object(bsCert)) {
-    *pTrace = cert.getErrorMessage();
-    return rc;
-  }
   pIas->setIssuer(cert.getTbsCertificate().getIssuer());
   pIas->setSerialNumber(cert.getTbsCertificate().getSerialNumber());
   return 0;
@@ -177,7 +173,7 @@ int NameCertificate(const ByteString& bsCert, int nForm, RIssuerAndSerialNumber*
 
 }  // namespace
 
-int PEnvelopedData::recipientInfoIsKTRI(const ByteString& bsCert, RRecipientInfo& ri) {
+int PEnvelopedData::recipientInfoIsKTRI(const Recipient& recipient, RRecipientInfo& ri) {
   static const char kM[] = "recipientInfoIsKTRI";
   if (m_bsKey.length() == 0) return P_FAIL(kM, "m_bsKey", penv::ERR_SYMMETRIC_KEY_NOT_SET, penv::kSymmetricKeyNotSet);
   RKeyTransRecipientInfo ktri;
@@ -186,7 +182,9 @@ int PEnvelopedData::recipientInfoIsKTRI(const ByteString& bsCert, RRecipientInfo
   ByteString trace;
   const int form = m_nRecIdentifier == penv::SUBJECT_KEY_IDENTIFIER ? penv::SUBJECT_KEY_IDENTIFIER
                                                                      : penv::ISSUERANDSERIALNUMBER;
-  if (int rc = NameCertificate(bsCert, form, &ias, &ski, &trace)) return P_FAIL(kM, "rid", rc, trace.c_str());
+  if (int rc = NameCertificate(recipient.der, recipient.cert, form, &ias, &ski, &trace)) {
+    return P_FAIL(kM, "rid", rc, trace.c_str());
+  }
   if (form == penv::SUBJECT_KEY_IDENTIFIER) {
     ktri.getRid().setSubjectKeyIdentifier(ski);
     ktri.setVersion(ASN1Integer(2));
@@ -194,15 +192,7 @@ int PEnvelopedData::recipientInfoIsKTRI(const ByteString& bsCert, RRecipientInfo
     ktri.getRid().setIssuerAndSerialNumber(ias);
     ktri.setVersion(ASN1Integer(0));
   }
-  PPublicKey pk;
-  ByteString spkiDer;
-  if (int rc = pk.getPublicKeyInfoFromCert(bsCert, PPublicKey::CERT_KIND_X509, spkiDer)) {
-    return P_FAIL(kM, "pk.getPublicKeyInfoFromCert", rc, pk.getErrorMessage().c_str());
-  }
-  RSubjectPublicKeyInfo spki;
-  spki.fromASN1Object(spkiDer);
-  const ByteString oid = spki.getAlgorithm().getAlgorithm().getOID();
-  const bool rsa = oid == poid::kRSA;
+  const bool rsa = recipient.oid == poid::kRSA;
   RAlgorithmIdentifier keyAlg;
   if (rsa && m_bOaep) {
     // RSAES-OAEP-params with every member at its SHA-1 default: an empty SEQUENCE.
@@ -210,11 +200,12 @@ int PEnvelopedData::recipientInfoIsKTRI(const ByteString& bsCert, RRecipientInfo
   } else if (rsa) {
     keyAlg.fromASN1Object(AlgorithmID(poid::kRSA, kNull));
   } else {
-    keyAlg = spki.getAlgorithm();
+    keyAlg = recipient.cert.getTbsCertificate().getSubjectPublicKeyInfo().getAlgorithm();
   }
   ktri.setKeyEncryptionAlgorithm(keyAlg);
+  PPublicKey pk;
   ByteString encrypted;
-  if (int rc = pk.encrypt(spkiDer, rsa && m_bOaep, m_bsKey, encrypted)) {
+  if (int rc = pk.encrypt(recipient.spki, rsa && m_bOaep, m_bsKey, encrypted)) {
     if (rc == 4) return P_FAIL(kM, "nLen", penv::ERR_OAEP_SIZE, penv::kOaepOnly);
     return P_FAIL(kM, "pk.encrypt", rc, pk.getErrorMessage().c_str());
   }
@@ -248,7 +239,7 @@ int PEnvelopedData::wrapKey(const char* pszMethod, const ByteString& bsKEK, Byte
   return rc ? P_FAIL(pszMethod, "kek.wrap", rc, wrap.getErrorMessage().c_str()) : 0;
 }
 
-int PEnvelopedData::recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo& ri) {
+int PEnvelopedData::recipientInfoIsKARI(const Recipient& recipient, RRecipientInfo& ri) {
   static const char kM[] = "recipientInfoIsKARI";
   if (m_bsOriginatorCertOrPubKeyInfo.length() == 0 || m_bsOriginatorPrivateKey.length() == 0) {
     return P_FAIL(kM, "m_bsOriginatorCertOrPubKeyInfo", penv::ERR_SET_ORIGINATOR, penv::kSetOriginator);
@@ -273,14 +264,7 @@ int PEnvelopedData::recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo
     return P_FAIL(kM, "m_bsOriginatorCertOrPubKeyInfo", penv::ERR_SET_ORIGINATOR, penv::kSetOriginator);
   }
 
-  PPublicKey pk;
-  ByteString spkiDer;
-  if (int rc = pk.getPublicKeyInfoFromCert(bsCert, PPublicKey::CERT_KIND_X509, spkiDer)) {
-    return P_FAIL(kM, "pk.getPublicKeyInfoFromCert", rc, pk.getErrorMessage().c_str());
-  }
-  RSubjectPublicKeyInfo spki;
-  spki.fromASN1Object(spkiDer);
-  const ByteString oid = spki.getAlgorithm().getAlgorithm().getOID();
+  const ByteString& oid = recipient.oid;
   const char* agreement = nullptr;
   if (oid == poid::kDH) {
     agreement = origForm == penv::ORIGINATOR_KEY ? penv::kOidESDH : penv::kOidSSDH;
@@ -298,7 +282,8 @@ int PEnvelopedData::recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo
   if (int rc = random.GenerateRandom(QSAlgorithm::Random(), 64, ukm)) {
     return P_FAIL(kM, "random.GenerateRandom", rc, random.GetErrorMsg().c_str());
   }
-  if (int rc = pk.encrypt(spkiDer, m_bsOriginatorPrivateKey, m_nSymmetricAlgorithmId, ukm, kek)) {
+  PPublicKey pk;
+  if (int rc = pk.encrypt(recipient.spki, m_bsOriginatorPrivateKey, m_nSymmetricAlgorithmId, ukm, kek)) {
     return P_FAIL(kM, "pk.encrypt", rc, pk.getErrorMessage().c_str());
   }
   const int rcWrap = wrapKey(kM, kek, wrapped);
@@ -315,7 +300,7 @@ int PEnvelopedData::recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo
     opk.setAlgorithm(origKey.getAlgorithm());
     opk.setPublicKey(origKey.getSubjectPublicKey());
     kari.getOriginator().setOriginatorKey(opk);
-  } else if (int rc = NameCertificate(m_bsOriginatorCertOrPubKeyInfo, origForm, &ias, &ski, &trace)) {
+  } else if (int rc = NameCertificate(m_bsOriginatorCertOrPubKeyInfo, origCert, origForm, &ias, &ski, &trace)) {
     return P_FAIL(kM, "originator", rc, trace.c_str());
   } else if (origForm == penv::SUBJECT_KEY_IDENTIFIER) {
     kari.getOriginator().setSubjectKeyIdentifier(ski);
@@ -330,7 +315,9 @@ int PEnvelopedData::recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo
   kari.setKeyEncryptionAlgorithm(keyAlg);
 
   RRecipientEncryptedKey rek;
-  if (int rc = NameCertificate(bsCert, m_nRecIdentifier, &ias, &ski, &trace)) return P_FAIL(kM, "rid", rc, trace.c_str());
+  if (int rc = NameCertificate(recipient.der, recipient.cert, m_nRecIdentifier, &ias, &ski, &trace)) {
+    return P_FAIL(kM, "rid", rc, trace.c_str());
+  }
   if (m_nRecIdentifier == penv::SUBJECT_KEY_IDENTIFIER) {
     RRecipientKeyIdentifier rkid;
     rkid.setSubjectKeyIdentifier(ski);

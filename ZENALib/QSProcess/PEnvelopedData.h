@@ -16,6 +16,7 @@
 // leaves the RecipientInfos built so far as they were.
 #pragma once
 
+#include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RRecipientInfos.h"
 #include "ZENALib/QSProcess/PEnvelopedMessages.h"
 #include "ZENALib/QSProcess/PTrace.h"
@@ -69,8 +70,16 @@ class PEnvelopedData : public PTrace {
   int makeEnvelopedData(const ByteString& bsContent, ByteString& bsDer);
 
  private:
-  int recipientInfoIsKTRI(const ByteString& bsCert, RRecipientInfo& ri);
-  int recipientInfoIsKARI(const ByteString& bsCert, RRecipientInfo& ri);
+  // A recipient certificate read once: its DER, its decoding, its
+  // SubjectPublicKeyInfo as it stands and the key's algorithm OID.
+  struct Recipient {
+    const ByteString& der;
+    const RCertificate& cert;
+    const ByteString& spki;
+    const ByteString& oid;
+  };
+  int recipientInfoIsKTRI(const Recipient& recipient, RRecipientInfo& ri);
+  int recipientInfoIsKARI(const Recipient& recipient, RRecipientInfo& ri);
   int recipientInfoIsKEKRI(RRecipientInfo& ri);
   // The key-wrap AlgorithmIdentifier (DER) for the content algorithm; 0 or
   // ERR_SYM_ALG_NOT_SUPPORTED with the text of the given method.

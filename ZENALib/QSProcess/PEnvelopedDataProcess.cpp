@@ -5,6 +5,7 @@
 #include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
 #include "ZENALib/ASN1Pkix/RRC2_CBC_Parameter.h"
 #include "ZENALib/ASN1Pkix/RRSAES_OAEP_params.h"
+#include "ZENALib/QSCrypto/ECSP.h"
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSCrypto/QSEncrypt.h"
 #include "ZENALib/QSCrypto/QSHash.h"
@@ -80,7 +81,10 @@ int WrapCode(RAlgorithmIdentifier& alg, int* pnAlg, int* pnVersion) {
 
 }  // namespace
 
+PEnvelopedDataProcess::PEnvelopedDataProcess() : PTrace("PEnvelopedDataProcess") {}
+
 PEnvelopedDataProcess::~PEnvelopedDataProcess() {
+  m_bsKeyOf.zeroize();
   m_bsKEK.zeroize();
   m_bsPrivateKey.zeroize();
   m_bsCEK.zeroize();
@@ -217,31 +221,57 @@ int PEnvelopedDataProcess::findInKeyTransRecipientInfo(RKeyTransRecipientInfo& k
     }
     if (!sha1) return P_FAIL(kM, "hashAlgorithm", penv::ERR_ONLY_SHA1_OAEP, penv::kOnlySha1Oaep);
   }
-  RPrivateKeyInfo key;
-  if (int rc = key.fromASN1Object(m_bsPrivateKey)) {
-    return P_FAIL(kM, "privateKeyInfo", rc, key.getErrorMessage().c_str());
-  }
-  const ByteString params = key.getPrivateKeyAlgorithm().hasParameters()
-                                ? key.getPrivateKeyAlgorithm().getParameters().getElement()
-                                : ByteString();
-  PPrivateKey priv;
-  int nAlg = 0;
-  if (int rc = priv.GetPrivateKeyAlgorithm(key.getPrivateKeyAlgorithm().getAlgorithm().getOID(),
-                                           key.getPrivateKey().getValue(), params, 0, &nAlg)) {
-    return P_FAIL(kM, "priKey.GetPrivateKeyAlgorithm", rc, priv.getErrorMessage().c_str());
-  }
-  if (oaep) {
-    nAlg = nAlg == QSAlgorithm::RSA1024()   ? QSAlgorithm::RSAOAEP1024()
-           : nAlg == QSAlgorithm::RSA2048() ? QSAlgorithm::RSAOAEP2048()
-                                            : 0;
-    if (!nAlg) return P_FAIL(kM, "nAlg", penv::ERR_OAEP_SIZE, penv::kOaepOnly);
-  }
-  QSEncrypt decrypt;
-  if (int rc = decrypt.DecryptData(nAlg, QSAlgorithm::ModeCBC(), QSAlgorithm::PaddingPKCS(), m_bsPrivateKey,
-                                   ByteString(), ktri.getEncryptedKey().getValue(), m_bsCEK)) {
-    return P_FAIL(kM, "decrypt.DecryptData", rc, decrypt.GetErrorMsg().c_str());
-  }
+  if (int rc = decryptKey(kM, oaep, ktri.getEncryptedKey().getValue())) return rc;
   *pbFound = true;
+  return 0;
+}
+
+int PEnvelopedDataProcess::decryptKey(const char* pszMethod, bool bOaep, const ByteString& bsEncrypted) {
+  if (!m_pKey || m_bsKeyOf != m_bsPrivateKey) {
+    m_pKey.reset();
+    m_bsKeyOf.zeroize();
+    RPrivateKeyInfo key;
+    if (int rc = key.fromASN1Object(m_bsPrivateKey)) {
+      return P_FAIL(pszMethod, "privateKeyInfo", rc, key.getErrorMessage().c_str());
+    }
+    const ByteString params = key.getPrivateKeyAlgorithm().hasParameters()
+                                  ? key.getPrivateKeyAlgorithm().getParameters().getElement()
+                                  : ByteString();
+    PPrivateKey priv;
+    int nAlg = 0;
+    if (int rc = priv.GetPrivateKeyAlgorithm(key.getPrivateKeyAlgorithm().getAlgorithm().getOID(),
+                                             key.getPrivateKey().getValue(), params, 0, &nAlg)) {
+      return P_FAIL(pszMethod, "priKey.GetPrivateKeyAlgorithm", rc, priv.getErrorMessage().c_str());
+    }
+    const int nParseAlg = nAlg == QSAlgorithm::RSA512()    ? ecsp::kRSA512
+                          : nAlg == QSAlgorithm::RSA1024() ? ecsp::kRSA1024
+                                                           : ecsp::kRSA2048;
+    std::unique_ptr<ECSP_KEY> parsed(new ECSP_KEY);
+    if (int rc = ECSP_GenerateKey(nParseAlg, m_bsPrivateKey.data(), m_bsPrivateKey.length(), parsed.get())) {
+      return P_FAIL(pszMethod, "ECSP_GenerateKey", rc, getECSPErrorText(rc));
+    }
+    m_pKey = std::move(parsed);
+    m_bsKeyOf = m_bsPrivateKey;
+    m_nKeyAlg = nAlg;
+  }
+  // The core's RSA numbers: PKCS#1 v1.5 by size, OAEP (SHA-1) for 1024 and 2048 bits.
+  int nCore = m_nKeyAlg == QSAlgorithm::RSA512()    ? ecsp::kRSA512
+              : m_nKeyAlg == QSAlgorithm::RSA1024() ? (bOaep ? ecsp::kRSAOAEP1024 : ecsp::kRSA1024)
+              : m_nKeyAlg == QSAlgorithm::RSA2048() ? (bOaep ? ecsp::kRSAOAEP2048 : ecsp::kRSA2048)
+                                                    : 0;
+  if (bOaep && nCore == ecsp::kRSA512) nCore = 0;
+  if (!nCore) return P_FAIL(pszMethod, "nAlg", penv::ERR_OAEP_SIZE, penv::kOaepOnly);
+  ByteString out;
+  int nOut = ECSP_GetOutputLength(nCore, ECSP_MODE_CBC, ECSP_PAD_PKCS, bsEncrypted.length(), false);
+  if (nOut <= 0 || out.resize(nOut) != BS_OK) return P_FAIL(pszMethod, "ECSP_DecryptData", ECSP_MEMORY_ERROR, "");
+  if (int rc = ECSP_DecryptData(nCore, ECSP_MODE_CBC, ECSP_PAD_PKCS, m_pKey.get(), nullptr, 0, bsEncrypted.data(),
+                                bsEncrypted.length(), out.buffer(), &nOut)) {
+    out.zeroize();
+    return P_FAIL(pszMethod, "ECSP_DecryptData", rc, getECSPErrorText(rc));
+  }
+  m_bsCEK.zeroize();
+  m_bsCEK = out.mid(0, nOut);
+  out.zeroize();
   return 0;
 }
 

@@ -14,14 +14,18 @@
 // failure in the trace.
 #pragma once
 
+#include <memory>
+
 #include "ZENALib/ASN1Pkix/REnvelopedData.h"
 #include "ZENALib/QSProcess/PEnvelopedMessages.h"
 #include "ZENALib/QSProcess/PTrace.h"
 #include "base/ByteString.h"
 
+struct ECSP_KEY;
+
 class PEnvelopedDataProcess : public PTrace {
  public:
-  PEnvelopedDataProcess() : PTrace("PEnvelopedDataProcess") {}
+  PEnvelopedDataProcess();
   ~PEnvelopedDataProcess();
   PEnvelopedDataProcess(const PEnvelopedDataProcess&) = delete;
   PEnvelopedDataProcess& operator=(const PEnvelopedDataProcess&) = delete;
@@ -71,6 +75,10 @@ class PEnvelopedDataProcess : public PTrace {
   int unwrapKey(const char* pszMethod, RAlgorithmIdentifier& wrapAlg, const ByteString& bsKEK,
                 const ByteString& bsWrapped, int nUnknownCode, const char* pszUnknown);
   int contentAlgorithm();
+  // RSA decryption of the key-transport key with the caller's private key,
+  // parsed once per object: a process opening many envelopes with one key
+  // keeps the parsed key (and the core's precomputation with it).
+  int decryptKey(const char* pszMethod, bool bOaep, const ByteString& bsEncrypted);
 
   ByteString m_bsIssuerDN;
   ByteString m_bsSerial;
@@ -86,4 +94,7 @@ class PEnvelopedDataProcess : public PTrace {
   int m_nRecipientIndex = -1;
   bool m_bDecoded = false;
   REnvelopedData m_env;
+  std::unique_ptr<ECSP_KEY> m_pKey;  // parsed from m_bsKeyOf
+  ByteString m_bsKeyOf;
+  int m_nKeyAlg = 0;  // its size code (4000-4002)
 };
