@@ -6,6 +6,19 @@
 #include "ZENALib/QSProcess/PGeneralNameUtil.h"
 #include "ZENALib/QSProcess/PSignedDataMessages.h"
 
+namespace {
+
+// A Name's encoding without the [4] tag it carries inside a GeneralName.
+ByteString Untagged(const ByteString& bsName) {
+  RElementHeader h;
+  if (bsName.length() == 0 || bsName.data()[0] != 0xA4 || RReadHeader(bsName.data(), bsName.length(), &h)) {
+    return bsName;
+  }
+  return bsName.mid(h.headerLength, bsName.length() - h.headerLength);
+}
+
+}  // namespace
+
 int PTimeStampResponseProcess::parseTimeStampToken(const ByteString& tsToken) {
   static const char kM[] = "parseTimeStampToken";
   m_bParsed = false;
@@ -59,12 +72,12 @@ int PTimeStampResponseProcess::checkTsaName(const ByteString& bsCert) {
   ByteString subjectDN, tsaText;
   util.getSubjectDN(&subjectDN);
   PGeneralNameUtil names;
-  names.parseGeneralName(tsa, &tsaText);
+  if (!tsa.isDirectoryName() || util.getDN(tsa.getDirectoryName(), &tsaText)) names.parseGeneralName(tsa, &tsaText);
   // The subject as a directoryName, then each subjectAltName.
   int nRet = 1;
   RRDNSequence subject;
   if (tsa.isDirectoryName() && util.getSubject(&subject) == 0 &&
-      tsa.getDirectoryName().toASN1Object() == subject.toASN1Object()) {
+      Untagged(tsa.getDirectoryName().toASN1Object()) == Untagged(subject.toASN1Object())) {
     nRet = 0;
   }
   RGeneralNames alt;

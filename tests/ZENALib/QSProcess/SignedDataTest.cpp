@@ -74,6 +74,13 @@ TEST(SignedData, MadeHereVerifiedBothWays) {
           EXPECT_TRUE(signingTime >= before - 1 && signingTime <= std::time(nullptr) + 1);
         }
         if (s.kind != "kcdsa") OpensslVerifies(dir, der, detached);
+        // The signed attributes stand in DER order (X.690 11.6).
+        const RAttributes attrList = sdtest::Unwrap(der).getSignerInfos().getAt(0)->getSignedAttrs();
+        for (int i = 0; attrs && i + 1 < attrList.getCount(); ++i) {
+          RAttribute a = *attrList.getAt(i), b = *attrList.getAt(i + 1);
+          const std::string x = Str(a.toASN1Object()), y = Str(b.toASN1Object());
+          EXPECT_LT(x, y) << i;
+        }
         // Other content under the same signature is refused.
         PSignedDataProcess q;
         const ByteString other("Other content");
