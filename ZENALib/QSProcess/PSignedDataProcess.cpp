@@ -98,8 +98,16 @@ int PSignedDataProcess::processContentInfo(const ByteString& bsContentInfo) {
     return P_FAIL(kM, "version", ERR_VERSION, psdmsg::kOnlyV1SignedData);
   }
   std::vector<ByteString> raw;
-  if (!RawCertificates(sd, &raw)) return P_FAIL(kM, "certificates", ERR_DECODE, nullptr);
-  m_certs = std::move(raw);
+  if (RawCertificates(sd, &raw) && static_cast<int>(raw.size()) == m_signedData.getCertificates().getCount()) {
+    m_certs = std::move(raw);
+    return 0;
+  }
+  // A BER (indefinite-length) SignedData: the certificates as re-encoded.
+  m_certs.clear();
+  for (const RCertificateChoices& choice : m_signedData.getCertificates().items()) {
+    RCertificateChoices copy = choice;
+    m_certs.push_back(copy.isCertificate() ? copy.getCertificate().toASN1Object() : ByteString());
+  }
   return 0;
 }
 

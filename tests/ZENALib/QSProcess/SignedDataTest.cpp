@@ -104,7 +104,8 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
   };
   const Row rows[] = {{&rsa, "", true, false, false},        {&rsa, "-noattr", false, false, false},
                       {&ec, "-md sha1", true, false, false}, {&rsa, "", true, true, false},
-                      {&rsa, "-keyid", true, false, true},   {&ec, "-md sha1 -keyid -noattr", false, false, true}};
+                      {&rsa, "-keyid", true, false, true},   {&ec, "-md sha1 -keyid -noattr", false, false, true},
+                      {&rsa, "-stream", true, false, false}};  // BER, indefinite lengths
   for (const Row& r : rows) {
     SCOPED_TRACE(r.s->kind + " " + r.options + (r.detached ? " detached" : ""));
     MustRun("openssl cms -sign -binary " + std::string(r.detached ? "" : "-nodetach ") + r.options + " -in " +
