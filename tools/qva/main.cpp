@@ -6,6 +6,8 @@
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
+//   qva cms FILE [--content DATA] [--cert C] [--key K]   (see cms.cpp)
+//   qva ts FILE                           (see ts.cpp)
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -20,6 +22,10 @@
 int RunClientCommand(int argc, char** argv);
 // cert.cpp: the certificate printer.
 int RunCertCommand(int argc, char** argv);
+// cms.cpp: CMS kinds, SignedData signers and verification.
+int RunCmsCommand(int argc, char** argv);
+// ts.cpp: time-stamp tokens.
+int RunTsCommand(int argc, char** argv);
 
 namespace {
 
@@ -30,7 +36,9 @@ int Usage() {
       "       qva hex IN\n"
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
-      "       qva cert [--verify ISSUER] FILE\n",
+      "       qva cert [--verify ISSUER] FILE\n"
+      "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
+      "       qva ts FILE\n",
       stderr);
   return 2;
 }
@@ -74,6 +82,8 @@ int main(int argc, char** argv) {
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   if (cmd == "cert") return RunCertCommand(argc, argv);
+  if (cmd == "cms") return RunCmsCommand(argc, argv);
+  if (cmd == "ts") return RunTsCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
