@@ -24,6 +24,7 @@
 #include "ZENALib/QSProcess/PSignedDataProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
+#include "tools/qva/cms_enveloped.h"
 #include "tools/qva/platform/display.h"
 
 // Reads DER, or PEM/Base64 text (lines of "-----" dropped), whole; shared
@@ -141,15 +142,10 @@ int PrintSignedData(const ByteString& der, const ByteString* detached, const std
   return 0;
 }
 
-// The EnvelopedData printer and opener is called from here (with the
-// recipient certificate and key when given); until it is, the kind alone
-// is reported.
+// The EnvelopedData printer and opener (cms_enveloped.cpp), with the
+// recipient certificate and key when given.
 int DispatchEnvelopedData(const ByteString& der, const char* certPath, const char* keyPath) {
-  (void)der;
-  (void)certPath;
-  (void)keyPath;
-  std::printf("EnvelopedData: not opened by this build\n");
-  return 0;
+  return PrintEnvelopedData(der, certPath, keyPath);
 }
 
 }  // namespace
