@@ -270,6 +270,14 @@ TEST_F(Enveloped, MixedRecipients) {
     ASSERT_EQ(proc.getContent(opened), 0);
     EXPECT_EQ(opened, ByteString("three recipients"));
   }
+  // Cut anywhere, the envelope no longer decodes (the first one does not
+  // reach the recipients).
+  for (int cut : {1, 20, der.length() / 2, der.length() - 1}) {
+    PEnvelopedDataProcess proc;
+    ASSERT_EQ(proc.setRecipientIdentifier(rsa.cert), 0);
+    EXPECT_NE(proc.parseEnvelopedData(der.mid(0, cut), rsa.key), 0) << cut;
+    EXPECT_EQ(proc.getRecipientIndex(), -1) << cut;
+  }
 }
 
 // The key and IV table, and the refused arguments with their texts.
