@@ -54,12 +54,14 @@ void OpensslVerifies(qvatest::TempDir& dir, const ByteString& der, bool detached
 // signingCertificate hash).
 TEST(SignedData, MadeHereVerifiedBothWays) {
   qvatest::TempDir dir;
+  Signer kcdsaHas160 = sdtest::KcdsaSigner(dir);
+  kcdsaHas160.hash = 1020;
   const Signer signers[] = {sdtest::OpensslSigner(dir, "rsa", "rsa"), sdtest::OpensslSigner(dir, "ec", "ec"),
-                            sdtest::KcdsaSigner(dir)};
+                            sdtest::KcdsaSigner(dir), kcdsaHas160};
   for (const Signer& s : signers) {
     for (bool attrs : {true, false}) {
       for (bool detached : {false, true}) {
-        SCOPED_TRACE(s.kind + (attrs ? " attrs" : " no attrs") + (detached ? " detached" : " embedded"));
+        SCOPED_TRACE(s.kind + " hash " + std::to_string(s.hash) + (attrs ? " attrs" : " no attrs") + (detached ? " detached" : " embedded"));
         const std::time_t before = std::time(nullptr);
         const ByteString der = Make(s, attrs, detached);
         PSignedDataProcess p;
