@@ -107,12 +107,15 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
   const Row rows[] = {{&rsa, "", true, false, false},        {&rsa, "-noattr", false, false, false},
                       {&ec, "-md sha1", true, false, false}, {&rsa, "", true, true, false},
                       {&rsa, "-keyid", true, false, true},   {&ec, "-md sha1 -keyid -noattr", false, false, true},
-                      {&rsa, "-stream", true, false, false}};  // BER, indefinite lengths
+                      {&rsa, "-stream", true, false, false},  // BER, indefinite lengths
+                      // RSA-PSS as the verifier takes it: SHA-1, MGF1-SHA-1, salt 20 (openssl's default salt is the most that fits).
+                      {&rsa, "-md sha1 -keyopt rsa_padding_mode:pss -keyopt rsa_pss_saltlen:20", true, false, false}};
   for (const Row& r : rows) {
     SCOPED_TRACE(r.s->kind + " " + r.options + (r.detached ? " detached" : ""));
-    MustRun("openssl cms -sign -binary " + std::string(r.detached ? "" : "-nodetach ") + r.options + " -in " +
-            dir.file("content.bin") + " -signer " + r.s->certPem + " -inkey " + r.s->keyPem + " -outform DER -out " +
-            dir.file("sd.der"));
+    // Options after -inkey: -keyopt belongs to the signer before it.
+    MustRun("openssl cms -sign -binary " + std::string(r.detached ? "" : "-nodetach ") + " -in " +
+            dir.file("content.bin") + " -signer " + r.s->certPem + " -inkey " + r.s->keyPem + " " + r.options +
+            " -outform DER -out " + dir.file("sd.der"));
     ByteString der = qvatest::ReadFileBs(dir.file("sd.der"));
     PSignedDataProcess p;
     if (r.keyid) {
