@@ -1,8 +1,8 @@
 #include "ZENALib/QSProcess/PSignedData.h"
 
 #include <algorithm>
-#include <ctime>
 #include <cstring>
+#include <ctime>
 
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
@@ -204,7 +204,8 @@ int PSignedData::signingKey(const ByteString& bsCert, const ByteString& bsPrivat
                             ByteString& bsCoreKey, int* pnSignAlg) {
   static const char kM[] = "addSignerInfo";
   RPrivateKeyInfo info;
-  if (int rc = info.fromASN1Object(bsPrivateKey)) return P_FAIL(kM, "privateKeyInfo", rc, info.getErrorMessage().c_str());
+  if (int rc = info.fromASN1Object(bsPrivateKey))
+    return P_FAIL(kM, "privateKeyInfo", rc, info.getErrorMessage().c_str());
   const ByteString oid = info.getPrivateKeyAlgorithm().getAlgorithm().getOID();
   const ByteString params = info.getPrivateKeyAlgorithm().hasParameters()
                                 ? info.getPrivateKeyAlgorithm().getParameters().getElement()

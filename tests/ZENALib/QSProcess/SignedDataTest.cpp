@@ -61,7 +61,8 @@ TEST(SignedData, MadeHereVerifiedBothWays) {
   for (const Signer& s : signers) {
     for (bool attrs : {true, false}) {
       for (bool detached : {false, true}) {
-        SCOPED_TRACE(s.kind + " hash " + std::to_string(s.hash) + (attrs ? " attrs" : " no attrs") + (detached ? " detached" : " embedded"));
+        SCOPED_TRACE(s.kind + " hash " + std::to_string(s.hash) + (attrs ? " attrs" : " no attrs") +
+                     (detached ? " detached" : " embedded"));
         const std::time_t before = std::time(nullptr);
         const ByteString der = Make(s, attrs, detached);
         PSignedDataProcess p;
@@ -104,11 +105,15 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
     std::string options;
     bool attrs, detached, keyid;
   };
-  const Row rows[] = {{&rsa, "", true, false, false},        {&rsa, "-noattr", false, false, false},
-                      {&ec, "-md sha1", true, false, false}, {&rsa, "", true, true, false},
-                      {&rsa, "-keyid", true, false, true},   {&ec, "-md sha1 -keyid -noattr", false, false, true},
+  const Row rows[] = {{&rsa, "", true, false, false},
+                      {&rsa, "-noattr", false, false, false},
+                      {&ec, "-md sha1", true, false, false},
+                      {&rsa, "", true, true, false},
+                      {&rsa, "-keyid", true, false, true},
+                      {&ec, "-md sha1 -keyid -noattr", false, false, true},
                       {&rsa, "-stream", true, false, false},  // BER, indefinite lengths
-                      // RSA-PSS as the verifier takes it: SHA-1, MGF1-SHA-1, salt 20 (openssl's default salt is the most that fits).
+                      // RSA-PSS as the verifier takes it: SHA-1, MGF1-SHA-1, salt 20
+                      // (openssl's default salt is the most that fits).
                       {&rsa, "-md sha1 -keyopt rsa_padding_mode:pss -keyopt rsa_pss_saltlen:20", true, false, false}};
   for (const Row& r : rows) {
     SCOPED_TRACE(r.s->kind + " " + r.options + (r.detached ? " detached" : ""));
@@ -124,8 +129,9 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
       EXPECT_TRUE(TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
                             "PSignedDataProcess::processContentInfo-version(3), Only v1 signedData is supported."));
       EXPECT_EQ(Verify(p, sdtest::Reversion(der, 1, 3)), +PSignedDataProcess::ERR_SIGNER_VERSION);
-      EXPECT_TRUE(TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
-                            "PSignedDataProcess::processSignerInfos-signerInfo.version(7), Only v1 signerInfo supported."));
+      EXPECT_TRUE(
+          TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
+                    "PSignedDataProcess::processSignerInfos-signerInfo.version(7), Only v1 signerInfo supported."));
       der = sdtest::Reversion(der, 1, 1);
     }
     ASSERT_EQ(Verify(p, der, r.detached ? &kContent : nullptr), 0) << Str(p.getErrorMessage());
@@ -145,7 +151,8 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
     EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
                           "PSignedDataProcess::haveValidSignerIdentifier-signerCert(8), Can't verify signature. "
                           "Because there is not signer certificate."));
-    EXPECT_EQ(Verify(q, noCerts, r.detached ? &kContent : nullptr, {ec.cert, r.s->cert}), 0) << Str(q.getErrorMessage());
+    EXPECT_EQ(Verify(q, noCerts, r.detached ? &kContent : nullptr, {ec.cert, r.s->cert}), 0)
+        << Str(q.getErrorMessage());
     std::vector<ByteString> certs;
     EXPECT_EQ(q.getCerts(&certs), +PSignedDataProcess::ERR_NO_CERTS);
     EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
@@ -156,8 +163,9 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
       const ByteString tampered = sdtest::Flip(der, kContent, 5);
       EXPECT_EQ(Verify(q, tampered), r.attrs ? +PSignedDataProcess::ERR_CONTENT_HASH : 116);
       if (r.attrs) {
-        EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
-                              "PSignedDataProcess::processSignerInfos-messageDigest(10), Content Hash value is not same."));
+        EXPECT_TRUE(
+            TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
+                      "PSignedDataProcess::processSignerInfos-messageDigest(10), Content Hash value is not same."));
       }
     }
   }
@@ -184,7 +192,8 @@ TEST(SignedData, Refusals) {
   };
   const Row rows[] = {
       {"data, not signedData", edit([](RSignedData&) {}).mid(0, 0), PSignedDataProcess::ERR_DECODE, nullptr},
-      {"another content type", [&] {
+      {"another content type",
+       [&] {
          RSignedData sd = sdtest::Unwrap(good);
          return sdtest::Wrap(sd, psdoid::kData);
        }(),
@@ -335,10 +344,18 @@ TEST(SignedData, AddSignerCounterSignatureAndLimits) {
     }
   }
   PSignedData bad;
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05" "ab", 4), false, true), 1);
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05"
+                                             "ab",
+                                             4),
+                                  false, true),
+            1);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setTobeSignedData-bsContent(1), The content is not asn.1 format."));
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02" "ab", 4), false, true), 0);
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02"
+                                             "ab",
+                                             4),
+                                  false, true),
+            0);
   EXPECT_EQ(bad.setSignedData(sdtest::Wrap(sd, psdoid::kData)), 2);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setSignedData-contentType(2), It is not signedData."));
