@@ -6,6 +6,7 @@
 #include <ctime>
 #include <functional>
 
+#include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
 #include "ZENALib/QSCrypto/QSHash.h"
 #include "ZENALib/QSProcess/PSignedData.h"
 #include "ZENALib/QSProcess/PSignedDataMessages.h"
@@ -54,8 +55,13 @@ void OpensslVerifies(qvatest::TempDir& dir, const ByteString& der, bool detached
 // signingCertificate hash).
 TEST(SignedData, MadeHereVerifiedBothWays) {
   qvatest::TempDir dir;
+  // HAS-160, and a private key whose domain parameters are left to the certificate.
   Signer kcdsaHas160 = sdtest::KcdsaSigner(dir);
   kcdsaHas160.hash = 1020;
+  RPrivateKeyInfo info;
+  ASSERT_EQ(info.fromASN1Object(kcdsaHas160.key), 0);
+  info.getPrivateKeyAlgorithm().setPresent(info.getPrivateKeyAlgorithm().getParameters(), false);
+  kcdsaHas160.key = info.toASN1Object();
   const Signer signers[] = {sdtest::OpensslSigner(dir, "rsa", "rsa"), sdtest::OpensslSigner(dir, "ec", "ec"),
                             sdtest::KcdsaSigner(dir), kcdsaHas160};
   for (const Signer& s : signers) {
