@@ -72,6 +72,27 @@ int PAlgorithmUtil::hashCode(const char* pszOID) {
   return 0;
 }
 
+const char* PAlgorithmUtil::displayName(const char* pszOID) {
+  struct Name {
+    const char* oid;
+    const char* name;
+  };
+  static constexpr Name kNames[] = {
+      {poid::kMD2WithRSA, "md2 With RSAEncryption"},    {poid::kMD4WithRSA, "md4 With RSAEncryption"},
+      {poid::kMD5WithRSA, "md5 With RSAEncryption"},    {poid::kSHA1WithRSA, "sha1 With RSAEncryption"},
+      {poid::kSHA256WithRSA, "sha256 With RSAEncryption"}, {poid::kSHA1WithKCDSA, "KCDSA With SHA1"},
+      {poid::kSHA1WithKCDSA1, "KCDSA1 With SHA1"},      {poid::kHAS160WithKCDSA, "KCDSA With HAS160"},
+      {poid::kHAS160WithKCDSA1, "KCDSA1 With HAS160"},  {poid::kECDSAWithSHA1, "ECDSA with SHA1"},
+      {poid::kDSAWithSHA1, "DSA with Sha1"},            {poid::kHAS160WithRSA, "RSA With HAS160"},
+      {poid::kSHA1, "SHA1"},                            {poid::kSHA256, "SHA256"},
+      {poid::kHAS160, "HAS160"},
+  };
+  for (const Name& n : kNames) {
+    if (pszOID && std::strcmp(n.oid, pszOID) == 0) return n.name;
+  }
+  return nullptr;
+}
+
 int PAlgorithmUtil::code2oid(int nAlg, ByteString& bsOID, int nMode) {
   const char* oid = hashOID(nAlg);
   if (nAlg == QSAlgorithm::DES() || nAlg == QSAlgorithm::SEED()) {

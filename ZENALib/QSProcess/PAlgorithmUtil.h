@@ -104,4 +104,8 @@ class PAlgorithmUtil : public PTrace {
   static const char* hashOID(int nHashAlg);
   // The hash code of a digest OID text, 0 for another OID.
   static int hashCode(const char* pszOID);
+  // The display name of a signature or digest OID text ("sha1 With
+  // RSAEncryption", "KCDSA1 With HAS160", "SHA256" ...), null for an OID
+  // without one.
+  static const char* displayName(const char* pszOID);
 };

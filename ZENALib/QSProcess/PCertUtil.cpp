@@ -61,15 +61,6 @@ struct AlgorithmName {
   const char* oid;
   const char* name;
 };
-// Signature algorithms by identifier.
-const AlgorithmName kSignatureNames[] = {
-    {"1 2 840 113549 1 1 2", "md2 With RSAEncryption"},  {"1 2 840 113549 1 1 3", "md4 With RSAEncryption"},
-    {"1 2 840 113549 1 1 4", "md5 With RSAEncryption"},  {"1 2 840 113549 1 1 5", "sha1 With RSAEncryption"},
-    {"1 2 840 113549 1 1 11", "sha256 With RSAEncryption"}, {"1 2 410 200004 1 20", "RSA With HAS160"},
-    {"1 2 840 10040 4 3", "DSA with Sha1"},              {"1 2 840 10045 4 1", "ECDSA with SHA1"},
-    {"1 2 410 200004 1 8", "KCDSA With HAS160"},         {"1 2 410 200004 1 9", "KCDSA With SHA1"},
-    {"1 2 410 200004 1 22", "KCDSA1 With HAS160"},       {"1 2 410 200004 1 23", "KCDSA1 With SHA1"},
-};
 // Subject key algorithms by identifier.
 const AlgorithmName kKeyNames[] = {
     {"1 2 840 113549 1 1 1", "rsaEncryption"}, {"1 2 410 200004 1 1", "kcdsa"},
@@ -520,7 +511,9 @@ int PCertUtil::getDN(const RRDNSequence& name, ByteString* out) {
 
 int PCertUtil::getCertSignatureAlgorithmValue(const RAlgorithmIdentifier& alg, ByteString* out) {
   const ByteString oid = OidOf(alg.getAlgorithm());
-  if (const char* name = NameOf(kSignatureNames, oid.c_str())) {
+  // The registry's display names cover digests too; a digest is no signature algorithm.
+  const char* name = PAlgorithmUtil::hashCode(oid.c_str()) == 0 ? PAlgorithmUtil::displayName(oid.c_str()) : nullptr;
+  if (name) {
     *out = name;
     return 0;
   }
@@ -536,10 +529,10 @@ int PCertUtil::getCertTBSCertificateHash(ByteString* pDigest, ByteString* pHashN
   int hash = 0;
   if (int rc = registry.getHashAlgFromSignAlg(alg.toASN1Object(), &hash))
     return P_FAIL(kMethod, "PAlgorithmUtil.getHashAlgFromSignAlg", rc, registry.getErrorMessage().c_str());
-  const char* name = hash == QSAlgorithm::SHA1()     ? "SHA1"
-                     : hash == QSAlgorithm::HAS160() ? "HAS160"
-                     : hash == QSAlgorithm::SHA256() ? "SHA256"
-                                                     : nullptr;
+  // Only these digests have a display name here (MD5 and the others do not).
+  const char* name = hash == QSAlgorithm::SHA1() || hash == QSAlgorithm::HAS160() || hash == QSAlgorithm::SHA256()
+                         ? PAlgorithmUtil::displayName(PAlgorithmUtil::hashOID(hash))
+                         : nullptr;
   if (!name) return P_FAIL(kMethod, "nHashAlg", PCERT_ERR_ALGORITHM, kMsgUnknownHashAlgorithm);
   QSHash digest;
   if (int rc = digest.DigestData(hash, m_pCert->getRawTBSCertificate(), *pDigest))

@@ -104,6 +104,18 @@ bool RsaModulusLength(const ByteString& bsSPKI, int* pnLen) {
   return true;
 }
 
+// The key bytes the crypto core takes: KCDSA as SEQUENCE { p, q, g, y }; an
+// EC key named by one of the other EC OIDs as an id-ecPublicKey
+// SubjectPublicKeyInfo (the core reads the standard form only); others as
+// they are.
+ByteString CoreKey(const KeyParts& k, const ByteString& bsSPKI) {
+  if (k.kind == kKeyKCDSA) return KcdsaCoreKey(k);
+  if (k.kind != kKeyEC || k.oid == poid::kECPublicKey) return bsSPKI;
+  RSubjectPublicKeyInfo spki;
+  if (spki.fromASN1Object(bsSPKI) || spki.getAlgorithm().getAlgorithm().setOID(poid::kECPublicKey)) return bsSPKI;
+  return spki.toASN1Object();
+}
+
 }  // namespace
 
 // Splits the key (bounded: the structure class decodes it).
@@ -199,7 +211,7 @@ int PPublicKey::verifySignature(const ByteString& bsSubjectPublicKeyInfo, int nH
   if (k.kind != kKeyRSA) {
     int nAlg = 0;
     if (int rc = GetPublicKeyAlgorithm(bsSubjectPublicKeyInfo, nHashAlgo, &nAlg)) return rc;
-    const ByteString key = k.kind == kKeyKCDSA ? KcdsaCoreKey(k) : bsSubjectPublicKeyInfo;
+    const ByteString key = CoreKey(k, bsSubjectPublicKeyInfo);
     QSSign sign;
     if (int rc = sign.VerifyData(nAlg, key, bsData, bsSignature)) {
       return P_FAIL(kM, "sign.VerifyData", rc, sign.GetErrorMsg().c_str());
@@ -365,7 +377,7 @@ int PPublicKey::verifySignatureWithAlgID(const ByteString& bsSubjectPublicKeyInf
       !ReadPssParams(algID.hasParameters() ? algID.getParameters().getElement() : ByteString(), &v)) {
     return P_FAIL(kM, "pssParams", 62, pmsg::kPssParams);
   }
-  const ByteString key = k.kind == kKeyKCDSA ? KcdsaCoreKey(k) : bsSubjectPublicKeyInfo;
+  const ByteString key = CoreKey(k, bsSubjectPublicKeyInfo);
   const int rc = ECSP_VerifyDataEx(v, key.data(), key.length(), bsData.data(), bsData.length(), bsSignature.data(),
                                    bsSignature.length());
   return rc ? P_FAIL(kM, "ECSP_VerifyDataEx", rc, getECSPErrorText(rc)) : 0;

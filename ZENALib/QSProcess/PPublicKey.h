@@ -3,6 +3,9 @@
 // algorithm code of the key, verifying signatures, RSA encryption (PKCS#1
 // v1.5 or OAEP) and the key-encryption key of CMS key agreement.
 //
+// Signatures are in the crypto core's forms: RSA the raw octets, ECDSA and
+// DSA DER SEQUENCE { r, s }, KCDSA r || s.
+//
 // Every method returns 0 or a positive code and leaves the failure in the
 // trace (PTrace.h); a callee's failure passes its code through unchanged.
 #pragma once

@@ -36,6 +36,10 @@ TEST(AlgorithmUtil, RegistryTable) {
       out = std::to_string(nAlg);
     } else if (op == "makeDigestEncAlgID") {
       rc = u.makeDigestEncAlgID(oid, Num(r, "Hash"), HexBs(Get(r, "Params")), algID);
+    } else if (op == "displayName") {
+      const char* name = PAlgorithmUtil::displayName(r["OID"].c_str());
+      out = name ? name : "(none)";
+      rc = 0;
     } else {
       ADD_FAILURE() << "unknown Op " << op;
       continue;

@@ -4,7 +4,10 @@
 // `openssl kdf`.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <sstream>
+#include <vector>
 
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/QSCrypto/QSKey.h"
@@ -72,6 +75,13 @@ TEST_F(WithCerts, OpensslCertificateSignatures) {
     }
     ByteString spki;
     ASSERT_EQ(pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki), 0);
+    RSubjectPublicKeyInfo info;
+    ASSERT_EQ(info.fromASN1Object(spki), 0);
+    if (rc == 0 && info.getAlgorithm().getAlgorithm().getOID() == poid::kECPublicKey) {
+      // The second EC key OID names the same key.
+      info.getAlgorithm().getAlgorithm().setOID(poid::kECKey2);
+      EXPECT_EQ(pk.verifySignature(info.toASN1Object(), Num(r, "Hash"), false, s.tbs, s.sig), 0);
+    }
     PPublicKey wide;
     EXPECT_EQ(wide.verifyCertificateSignature(cert, spki), Num(r, "Wide")) << qvatest::Str(wide.getErrorMessage());
     ByteString changed = cert;
@@ -176,4 +186,89 @@ TEST_F(WithCerts, KeyAgreementKekMatchesOpensslKdf) {
   EXPECT_EQ(pk.encrypt(ecPub, ReadFileBs(Path("mine.der")), 3020, ByteString(), kek), 22);
   EXPECT_TRUE(cryptotest::TraceTail(pk.getErrorMessage(), "PPublicKey.cpp",
                                     "PPublicKey::encrypt-nSymmetricAlg(22), nSymmetricAlg(3020) is not supported."));
+}
+
+// Certificate folders of tests/data: the openssl-made corpus of
+// tests/data/pkix/x509 (its make.sh: ECDSA P-256, DSA and RSA with SHA-256,
+// RSA-PSS with salt 32) and the real Korean PKI certificates and CaPubs
+// bundles (their SOURCE.txt). Every certificate whose issuer is in the same
+// folder verifies under that issuer's key through the wider entry point, and
+// under no other key of the folder.
+TEST(CertificateCorpus, SignaturesVerifyUnderTheirIssuerOnly) {
+  struct Cert {
+    std::string name;
+    ByteString der, subject, issuer, key;
+  };
+  for (const char* folder : {"pkix/x509/certs", "pkix/x509/korean/certs", "pkix/x509/korean/capubs/split_CaPubs_All",
+                             "pkix/x509/korean/capubs/split_3280CaPubs"}) {
+    SCOPED_TRACE(folder);
+    std::string list;
+    ASSERT_EQ(qvatest::Run("ls " + qvatest::DataPath(folder), &list), 0);
+    std::istringstream names(list);
+    std::vector<Cert> certs;
+    PPublicKey pk;
+    for (std::string name; names >> name;) {
+      Cert c{name, ReadFileBs(qvatest::DataPath(std::string(folder) + "/" + name)), {}, {}, {}};
+      RCertificate r;
+      ASSERT_EQ(r.fromASN1Object(c.der), 0) << name;
+      c.subject = r.getTbsCertificate().getSubject().toASN1Object();
+      c.issuer = r.getTbsCertificate().getIssuer().toASN1Object();
+      ASSERT_EQ(pk.getPublicKeyInfoFromCert(c.der, PPublicKey::CERT_KIND_X509, c.key), 0);
+      certs.push_back(c);
+    }
+    int checked = 0;
+    for (const Cert& c : certs) {
+      // The keys of the certificates named as issuer (the corpus reuses keys
+      // between certificates, so another certificate of the same key counts).
+      std::vector<ByteString> issuerKeys;
+      for (const Cert& by : certs) {
+        if (c.issuer == by.subject) issuerKeys.push_back(by.key);
+      }
+      for (const Cert& by : certs) {
+        SCOPED_TRACE(c.name + " under " + by.name);
+        const int rc = pk.verifyCertificateSignature(c.der, by.key);
+        if (std::find(issuerKeys.begin(), issuerKeys.end(), by.key) != issuerKeys.end()) {
+          EXPECT_EQ(rc, 0) << qvatest::Str(pk.getErrorMessage());
+          ++checked;
+        } else if (!(c.issuer == c.subject && by.key == c.key)) {
+          // 50: a key kind not verified here (Ed25519); 115: a signature of
+          // another length than the key's.
+          EXPECT_TRUE(rc == 50 || rc == 61 || rc == 115 || rc == 116) << rc;
+        }
+      }
+    }
+    EXPECT_GE(checked, 3);
+  }
+}
+
+// The wider entry point takes the salt length, hash and mask function from
+// the RSASSA-PSS parameters given and refuses a signature made otherwise.
+TEST_F(WithCerts, PssParametersDecide) {
+  const ByteString cert = MakeCert("pssparams", "-algorithm RSA -pkeyopt rsa_keygen_bits:2048",
+                                   "-sha256 -sigopt rsa_padding_mode:pss -sigopt rsa_pss_saltlen:32");
+  const Signed s = Split(cert);
+  ByteString spki;
+  PPublicKey pk;
+  ASSERT_EQ(pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki), 0);
+  struct {
+    const char* algID;  // hex AlgorithmIdentifier
+    int code;
+  } const cases[] = {
+      {"", 0},  // the certificate's own: SHA-256, MGF1-SHA-256, salt 32
+      {"300D06092A864886F70D01010A3000", 116},  // every field at its default: SHA-1, salt 20
+      // SHA-256 and MGF1-SHA-256 written out with salt 32, 20 and 33
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020120", 0},
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020114", 116},
+      {"304106092A864886F70D01010A3034A00F300D06096086480165030402010500A11C301A06092A864886F70D010108300D0609608648"
+       "0165030402010500A203020121", 116},
+      // trailer field 2
+      {"301206092A864886F70D01010A3005A303020102", 62},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.algID);
+    const ByteString algID = *c.algID ? processtest::HexBs(c.algID) : s.alg;
+    EXPECT_EQ(pk.verifySignatureWithAlgID(spki, algID, s.tbs, s.sig), c.code) << qvatest::Str(pk.getErrorMessage());
+  }
 }
