@@ -1,5 +1,7 @@
 #include "ZENALib/QSProcess/PEnvelopedData.h"
 
+#include <utility>
+
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 #include "ZENALib/ASN1Pkix/REnvelopedData.h"
@@ -380,9 +382,11 @@ int PEnvelopedData::makeEnvelopedData(const ByteString& bsContent, ByteString& b
   }
   REnvelopedData env;
   env.setVersion(ASN1Integer(version));
-  env.setRecipientInfos(m_pRecipientInfos);
-  env.setEncryptedContentInfo(eci);
+  // The entries are lent to the envelope for its encoding, not copied.
+  std::swap(env.getRecipientInfos(), m_pRecipientInfos);
+  std::swap(env.getEncryptedContentInfo(), eci);
   const ByteString& envDer = env.toASN1Object();
+  std::swap(env.getRecipientInfos(), m_pRecipientInfos);
   if (envDer.length() == 0) return P_FAIL(kM, "envelopedData", env.getErrorCode(), env.getErrorMessage().c_str());
 
   RContentInfo ci;
