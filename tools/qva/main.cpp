@@ -6,6 +6,7 @@
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
+//   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -20,6 +21,8 @@
 int RunClientCommand(int argc, char** argv);
 // cert.cpp: the certificate printer.
 int RunCertCommand(int argc, char** argv);
+// crl.cpp: the CRL printer and revocation answer.
+int RunCrlCommand(int argc, char** argv);
 
 namespace {
 
@@ -30,7 +33,8 @@ int Usage() {
       "       qva hex IN\n"
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
-      "       qva cert [--verify ISSUER] FILE\n",
+      "       qva cert [--verify ISSUER] FILE\n"
+      "       qva crl FILE [--issuer CERT] [--serial HEX]\n",
       stderr);
   return 2;
 }
@@ -74,6 +78,7 @@ int main(int argc, char** argv) {
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   if (cmd == "cert") return RunCertCommand(argc, argv);
+  if (cmd == "crl") return RunCrlCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
