@@ -7,6 +7,8 @@
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
 //   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
+//   qva cms FILE [--content DATA] [--cert C] [--key K]   (see cms.cpp)
+//   qva ts FILE                           (see ts.cpp)
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -23,6 +25,10 @@ int RunClientCommand(int argc, char** argv);
 int RunCertCommand(int argc, char** argv);
 // crl.cpp: the CRL printer and revocation answer.
 int RunCrlCommand(int argc, char** argv);
+// cms.cpp: CMS kinds, SignedData signers and verification.
+int RunCmsCommand(int argc, char** argv);
+// ts.cpp: time-stamp tokens.
+int RunTsCommand(int argc, char** argv);
 
 namespace {
 
@@ -34,7 +40,9 @@ int Usage() {
       "       qva verify HOST PORT ROAMINGID FIRSTITEM FILE\n"
       "       qva register HOST PORT ROAMINGID FILE\n"
       "       qva cert [--verify ISSUER] FILE\n"
-      "       qva crl FILE [--issuer CERT] [--serial HEX]\n",
+      "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
+      "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
+      "       qva ts FILE\n",
       stderr);
   return 2;
 }
@@ -79,6 +87,8 @@ int main(int argc, char** argv) {
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   if (cmd == "cert") return RunCertCommand(argc, argv);
   if (cmd == "crl") return RunCrlCommand(argc, argv);
+  if (cmd == "cms") return RunCmsCommand(argc, argv);
+  if (cmd == "ts") return RunTsCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
