@@ -104,4 +104,59 @@ inline constexpr char kBase64DecodeWhat[] = "QSBase::base64Decode";
 inline constexpr char kBase64EncodeFail[] = "Base64 Encode Fail!!";
 inline constexpr char kBase64DecodeFail[] = "Base64 Decode Fail!!";
 
+// Certificate checks.
+inline constexpr char kCertParseMethod[] = "CLCertificate::ParseCertificate";
+inline constexpr char kCertCheckTermMethod[] = "CLCertificate::CheckTermOfValidaty";
+inline constexpr char kCertCheckAtDateMethod[] = "CLCertificate::CheckValidityTermAtSpecialDate";
+inline constexpr char kCertCheckCRLDPMethod[] = "CLCertificate::CheckCRLDP";
+inline constexpr char kCertUtilParseWhat[] = "certUtil.parseCertificate";
+inline constexpr char kCertGetVersionWhat[] = "certUtil.getVersion";
+inline constexpr char kCertGetPolicyWhat[] = "certUtil.getPolicyIdentifier";
+inline constexpr char kCertGetSignatureAlgorithmWhat[] = "certUtil.getCertSignatureAlgorithmValue";
+inline constexpr char kCertGetIssuerDNWhat[] = "certUtil.getIssuerDN";
+inline constexpr char kCertGetSubjectDNWhat[] = "certUtil.getSubjectDN";
+inline constexpr char kCertGetDistPointsWhat[] = "certUtil.getCRLDistributionPoints";
+inline constexpr char kCertDistPointWhat[] = "crlDPUtil.makeDistributionPointMessage";
+inline constexpr char kCertGetSerialWhat[] = "certUtil.getSerialNumber";
+inline constexpr char kCertGetValidityWhat[] = "certUtil.getValidity";
+inline constexpr char kStartDateFormatWhat[] = "m_bsStartDate.format2K";
+inline constexpr char kEndDateFormatWhat[] = "m_bsEndDate.format2K";
+inline constexpr char kFormat2KFail[] = "Fail Format2K";
+inline constexpr char kCheckValidityWhat[] = "Check Validity Of Cert";
+inline constexpr char kParseCertificateWhat[] = "ParseCertificate";
+inline constexpr char kCheckCRLDPWhat[] = "Check CRL DP";
+inline constexpr char kCRLDPDetail[] = "CRL_DP";
+
+// CRL and time-stamp wrappers (isRevocked is spelt so in every trace).
+inline constexpr char kCrlIsRevockedMethod[] = "CLCertListProcess::isRevocked";
+inline constexpr char kCrlParseMethod[] = "CLCertListProcess::ParseCRL";
+inline constexpr char kCrlGetRevokedMethod[] = "CLCertListProcess::getRevokedCertificate";
+inline constexpr char kCertParseWhat[] = "certificate.ParseCertificate";
+inline constexpr char kCrlParseWhat[] = "certListProcess.parseCertList";
+inline constexpr char kCrlCheckAtDateWhat[] = "certificate.CheckValidityTermAtSpecialDate";
+inline constexpr char kCrlIsRevokedWhat[] = "certListProcess.isRevoked";
+inline constexpr char kCrlGetRevokedWhat[] = "certListProcess.getRevokedCertificate";
+inline constexpr char kTsParseMethod[] = "CLTimeStampToken::ParseTimeStampToken";
+inline constexpr char kTsParseWhat[] = "tsProcess.parseTimeStampToken";
+
+// Facade certificate, CRL and time-stamp methods (the two odd labels are
+// the ones these methods have always written).
+inline constexpr char kZenaVerifyCertMethod[] = "CLZENAWrapper::VerifyCert";
+inline constexpr char kZenaCheckPolicyMethod[] = "CLZENAWrapper::CheckCertPolicyOID";
+inline constexpr char kZenaGetPolicyMethod[] = "CLZENAWrapper::GetPolicyOID";
+inline constexpr char kZenaIssuerOrgMethod[] = "CLZENAWrapper::GetIssuerDNOrganization";
+inline constexpr char kZenaSubjectDNMethod[] = "CLZENAWrapper::GetSubjectFullDN";
+inline constexpr char kZenaTermMethod[] = "CLZENAWrapper::GetTermOfValidity";
+inline constexpr char kZenaParseCertMethod[] = "CLZENAWrapper::ParseCert";
+inline constexpr char kZenaParseCRLMethod[] = "CLZENAWrapper::ParseCRL";
+inline constexpr char kZenaCRLInfoMethod[] = "CLZENAWrapper::getParseCRLInfo";
+inline constexpr char kZenaTimeStampMethod[] = "CLZENAWrapper::ParseTimeStampToken";
+inline constexpr char kCLCertVerifyWhat[] = "cLCertificate.VerifyCertificate";
+inline constexpr char kCLCertParseWhat[] = "cLCertificate.ParseCertificate";
+inline constexpr char kCLCertParseShortWhat[] = "cLCert.ParseCertificate";
+inline constexpr char kCLCertParseCutWhat[] = "lCertificate.ParseCertificate";
+inline constexpr char kCLCrlIsRevockedWhat[] = "cLCertListProcess.isRevocked";
+inline constexpr char kCLCrlParseWhat[] = "cLCertListProcess.ParseCRL";
+inline constexpr char kCLTsParseWhat[] = "cLTimeStampToken.ParseTimeStampToken";
+
 }  // namespace cl_text

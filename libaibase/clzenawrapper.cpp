@@ -2,10 +2,13 @@
 
 #include "base/ErrorCodes.h"
 #include "base/QSBase.h"
+#include "libaibase/clcertificate.h"
+#include "libaibase/clcertlistprocess.h"
 #include "libaibase/clcrypto.h"
 #include "libaibase/clenvelopeddata.h"
 #include "libaibase/clhash.h"
 #include "libaibase/clmessages.h"
+#include "libaibase/cltimestamptoken.h"
 
 using namespace cl_text;
 
@@ -88,5 +91,120 @@ int CLZENAWrapper::OpenEnvelopedData(const ByteString& envelope, const ByteStrin
   if (cLEnvelopedData.OpenEnvelop(envelope, certificate, privateKey) >= 1)
     return Fail(kZenaOpenEnvelopMethod, kOpenEnvelopWhat, cLEnvelopedData);
   out = cLEnvelopedData.TakeResult();
+  return m_nErrorCode = 0;
+}
+
+// ---- certificate checks ----------------------------------------------------
+
+namespace {
+// CheckCertPolicyOID's answer when the OIDs are equal: the sense callers rely on.
+constexpr int kPolicyOIDEqual = 90;
+}  // namespace
+
+int CLZENAWrapper::VerifyCert(const ByteString& certificate) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.VerifyCertificate(certificate) >= 1) {
+    m_nErrorCode = ERR_FACADE_VERIFY_CERT;
+    QVA_ERROR_TRACE(kZenaVerifyCertMethod, kCLCertVerifyWhat, m_nErrorCode, cLCertificate.GetErrorMsg().c_str());
+    return m_nErrorCode;
+  }
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::CheckCertPolicyOID(const ByteString& certificate, const ByteString& oid) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(certificate) >= 1)
+    return Fail(kZenaCheckPolicyMethod, kCLCertParseWhat, cLCertificate);
+  return m_nErrorCode = cLCertificate.GetPolicyOID() == oid ? kPolicyOIDEqual : 0;
+}
+
+int CLZENAWrapper::GetPolicyOID(const ByteString* certificate, ByteString* oid) {
+  if (!certificate || !oid) return m_nErrorCode = 0;
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(*certificate) >= 1)
+    return Fail(kZenaGetPolicyMethod, kCLCertParseShortWhat, cLCertificate);
+  *oid = cLCertificate.GetPolicyOID();
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::GetIssuerDNOrganization(const ByteString& certificate, ByteString& organization) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(certificate) >= 1)
+    return Fail(kZenaIssuerOrgMethod, kCLCertParseWhat, cLCertificate);
+  organization = CLCertificate::GetDNComponent(cLCertificate.GetIssuerDN(), CLCertificate::kOrganization);
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::GetSubjectFullDN(const ByteString& certificate, ByteString& subjectDN) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(certificate) >= 1)
+    return Fail(kZenaSubjectDNMethod, kCLCertParseWhat, cLCertificate);
+  subjectDN = cLCertificate.GetSubjectDN();
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::GetTermOfValidity(const ByteString& certificate, ByteString& startDate, ByteString& endDate) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(certificate) >= 1)
+    return Fail(kZenaTermMethod, kCLCertParseCutWhat, cLCertificate);
+  startDate = cLCertificate.GetStartDate();
+  endDate = cLCertificate.GetEndDate();
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::ParseCert(const ByteString& certificate, ByteString& subjectDN) {
+  ByteString issuerDN, serial;
+  return ParseCert(certificate, subjectDN, issuerDN, serial);
+}
+
+int CLZENAWrapper::ParseCert(const ByteString& certificate, ByteString& subjectDN, ByteString& issuerDN,
+                             ByteString& serial) {
+  ByteString startDate, endDate, policyOID, signatureAlgorithm;
+  return ParseCert(certificate, subjectDN, issuerDN, serial, startDate, endDate, policyOID, signatureAlgorithm);
+}
+
+int CLZENAWrapper::ParseCert(const ByteString& certificate, ByteString& subjectDN, ByteString& issuerDN,
+                             ByteString& serial, ByteString& startDate, ByteString& endDate, ByteString& policyOID,
+                             ByteString& signatureAlgorithm) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.ParseCertificate(certificate) >= 1)
+    return Fail(kZenaParseCertMethod, kCLCertParseWhat, cLCertificate);
+  subjectDN = cLCertificate.GetSubjectDN();
+  issuerDN = cLCertificate.GetIssuerDN();
+  serial = cLCertificate.GetSerialNumber();
+  startDate = cLCertificate.GetStartDate();
+  endDate = cLCertificate.GetEndDate();
+  policyOID = cLCertificate.GetPolicyOID();
+  signatureAlgorithm = cLCertificate.GetSignatureAlgorithm();
+  return m_nErrorCode = 0;
+}
+
+// ---- CRL and time stamp ----------------------------------------------------
+
+int CLZENAWrapper::ParseCRL(const ByteString& crl, const ByteString& certificate, unsigned char* revoked) {
+  CLCertListProcess cLCertListProcess;
+  if (cLCertListProcess.isRevocked(crl, certificate, revoked) >= 1)
+    return Fail(kZenaParseCRLMethod, kCLCrlIsRevockedWhat, cLCertListProcess);
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::getParseCRLInfo(const ByteString& crl, ByteString& issuerDN, std::int64_t* thisUpdate,
+                                   std::int64_t* nextUpdate, int* revokedCount) {
+  CLCertListProcess cLCertListProcess;
+  if (cLCertListProcess.ParseCRL(crl) >= 1) return Fail(kZenaCRLInfoMethod, kCLCrlParseWhat, cLCertListProcess);
+  issuerDN = cLCertListProcess.GetIssuerDN();
+  *thisUpdate = cLCertListProcess.GetThisUpdate();
+  *nextUpdate = cLCertListProcess.GetNextUpdate();
+  *revokedCount = cLCertListProcess.GetRevokedCount();
+  return m_nErrorCode = 0;
+}
+
+int CLZENAWrapper::ParseTimeStampToken(const ByteString& token, ByteString& tsaCertificate,
+                                       ByteString& tsaSubjectDN) {
+  CLTimeStampToken cLTimeStampToken;
+  if (cLTimeStampToken.ParseTimeStampToken(token) >= 1)
+    return Fail(kZenaTimeStampMethod, kCLTsParseWhat, cLTimeStampToken);
+  tsaCertificate = cLTimeStampToken.GetTSACert();
+  tsaSubjectDN = cLTimeStampToken.GetTSASubjectDN();
   return m_nErrorCode = 0;
 }
