@@ -117,9 +117,9 @@ void FirstLookupOpenssl(benchmark::State& st) {
 
 }  // namespace
 
-BENCHMARK(ParseOurs)->Name("crl_parse_100k/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK(ParseOpenssl)->Name("crl_parse_100k/openssl")->Unit(benchmark::kMillisecond);
+BENCHMARK(ParseOurs)->Name("crl_parse_100k/ours");
+BENCHMARK(ParseOpenssl)->Name("crl_parse_100k/openssl");
 BENCHMARK(LookupOurs)->Name("crl_lookup_100k/ours");
 BENCHMARK(LookupOpenssl)->Name("crl_lookup_100k/openssl");
-BENCHMARK(FirstLookupOurs)->Name("crl_parse_first_lookup_100k/ours")->Unit(benchmark::kMillisecond);
-BENCHMARK(FirstLookupOpenssl)->Name("crl_parse_first_lookup_100k/openssl")->Unit(benchmark::kMillisecond);
+BENCHMARK(FirstLookupOurs)->Name("crl_parse_first_lookup_100k/ours");
+BENCHMARK(FirstLookupOpenssl)->Name("crl_parse_first_lookup_100k/openssl");

@@ -35,7 +35,7 @@ constexpr int CRL_EXTENSION_MAX_CNT = 15;
 
 // Codes of this class besides PCERT_ERR_ABSENT (4096) and the callees' own.
 constexpr int PCRL_ERR_NOT_PARSED = 1;   // an accessor before a successful parse
-constexpr int PCRL_ERR_DECODE = 2;       // an outline the structure classes accept but we refuse
+constexpr int PCRL_ERR_DECODE = 2;       // a revokedCertificates entry of another outline
 constexpr int PCRL_ERR_MEMORY = 3;
 constexpr int PCRL_ERR_VERSION = 4;
 constexpr int PCRL_ERR_V1_EXTENSIONS = 5;

@@ -1,8 +1,8 @@
 #include "ZENALib/QSProcess/PSignedData.h"
 
 #include <algorithm>
-#include <ctime>
 #include <cstring>
+#include <ctime>
 
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
@@ -204,11 +204,18 @@ int PSignedData::signingKey(const ByteString& bsCert, const ByteString& bsPrivat
                             ByteString& bsCoreKey, int* pnSignAlg) {
   static const char kM[] = "addSignerInfo";
   RPrivateKeyInfo info;
-  if (int rc = info.fromASN1Object(bsPrivateKey)) return P_FAIL(kM, "privateKeyInfo", rc, info.getErrorMessage().c_str());
+  if (int rc = info.fromASN1Object(bsPrivateKey))
+    return P_FAIL(kM, "privateKeyInfo", rc, info.getErrorMessage().c_str());
   const ByteString oid = info.getPrivateKeyAlgorithm().getAlgorithm().getOID();
-  const ByteString params = info.getPrivateKeyAlgorithm().hasParameters()
-                                ? info.getPrivateKeyAlgorithm().getParameters().getElement()
-                                : ByteString();
+  RCertificate cert;
+  if (int rc = cert.fromASN1Object(bsCert)) return P_FAIL(kM, "bsCert", rc, cert.getErrorMessage().c_str());
+  RSubjectPublicKeyInfo& spki = cert.getTbsCertificate().getSubjectPublicKeyInfo();
+  // A KCDSA private key may leave its domain parameters to the certificate.
+  ByteString params = info.getPrivateKeyAlgorithm().hasParameters()
+                          ? info.getPrivateKeyAlgorithm().getParameters().getElement()
+                          : ByteString();
+  if (params.length() == 0 && spki.getAlgorithm().hasParameters())
+    params = spki.getAlgorithm().getParameters().getElement();
   PPrivateKey pk;
   int alg = 0;
   if (int rc = pk.GetPrivateKeyAlgorithm(oid, info.getPrivateKey().getValue(), params, nHashAlg, &alg)) {
@@ -221,9 +228,6 @@ int PSignedData::signingKey(const ByteString& bsCert, const ByteString& bsPrivat
   } else if (oid == poid::kKCDSA || oid == poid::kKCDSA1) {
     // The core signs with SEQUENCE { p, q, g, y, x }: y comes from the
     // signer certificate, which PKCS#8 does not carry.
-    RCertificate cert;
-    if (int rc = cert.fromASN1Object(bsCert)) return P_FAIL(kM, "bsCert", rc, cert.getErrorMessage().c_str());
-    RSubjectPublicKeyInfo& spki = cert.getTbsCertificate().getSubjectPublicKeyInfo();
     RKCDSAParameters domain;
     if (int rc = domain.fromASN1Object(params)) return P_FAIL(kM, "kcdsaParams", rc, domain.getErrorMessage().c_str());
     const ByteString y = spki.getSubjectPublicKey().getBitString(nullptr);

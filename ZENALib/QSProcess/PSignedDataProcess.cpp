@@ -128,7 +128,8 @@ int PSignedDataProcess::processCertificateSet() {
   const RCertificateSet& set = m_signedData.getCertificates();
   for (int i = 0; i < set.getCount(); ++i) {
     const RCertificateChoices& choice = *set.getAt(i);
-    if (choice.isExtendedCertificate()) return P_FAIL(kM, "extendedCertificate", ERR_EXTENDED_CERT, psdmsg::kExtendedCert);
+    if (choice.isExtendedCertificate())
+      return P_FAIL(kM, "extendedCertificate", ERR_EXTENDED_CERT, psdmsg::kExtendedCert);
     if (!choice.isCertificate()) return P_FAIL(kM, "certificateChoices", ERR_CERT_TYPE, psdmsg::kUnknownCertType);
   }
   if (static_cast<int>(m_certs.size()) != set.getCount()) return P_FAIL(kM, "certificates", ERR_DECODE, nullptr);
@@ -200,7 +201,8 @@ int PSignedDataProcess::verifySigner(const char* pszMethod, const RSignerInfo& s
     return P_FAIL(pszMethod, "digestAlgorithm", ERR_ALGORITHM, util.getErrorMessage().c_str());
   }
   const bool pss = info.getSignatureAlgorithm().getAlgorithm().getOID() == poid::kRSASSA_PSS;
-  if (pss && hash != QSAlgorithm::SHA1()) return P_FAIL(pszMethod, "signatureAlgorithm", ERR_PSS_HASH, psdmsg::kPssSha1Only);
+  if (pss && hash != QSAlgorithm::SHA1())
+    return P_FAIL(pszMethod, "signatureAlgorithm", ERR_PSS_HASH, psdmsg::kPssSha1Only);
 
   QSHash hasher;
   ByteString signedBytes = bsContent;

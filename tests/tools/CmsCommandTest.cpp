@@ -23,8 +23,8 @@ TEST(QvaCms, KindsSignersAndVerification) {
   MustRun("openssl req -x509 -newkey rsa:2048 -nodes -keyout " + key + " -subj /CN=qva-signer -days 2 -out " + crt);
   MustRun("openssl cms -sign -binary -nodetach -in " + data + " -signer " + crt + " -inkey " + key +
           " -outform DER -out " + d.file("sd.der"));
-  MustRun("openssl cms -sign -binary -in " + data + " -signer " + crt + " -inkey " + key + " -nocerts -outform PEM -out " +
-          d.file("detached.pem"));
+  MustRun("openssl cms -sign -binary -in " + data + " -signer " + crt + " -inkey " + key +
+          " -nocerts -outform PEM -out " + d.file("detached.pem"));
   MustRun("openssl cms -encrypt -binary -in " + data + " -outform DER -out " + d.file("env.der") + " " + crt);
   std::string out;
   ASSERT_EQ(Qva("cms " + d.file("sd.der"), &out), 0) << out;

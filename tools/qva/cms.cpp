@@ -38,7 +38,8 @@ bool ReadDerOrText(const char* path, ByteString* out) {
   std::ostringstream ss;
   ss << in.rdbuf();
   const std::string s = ss.str();
-  if (!s.empty() && static_cast<unsigned char>(s[0]) == 0x30) return out->setData(s.data(), static_cast<int>(s.size())) == 0;
+  if (!s.empty() && static_cast<unsigned char>(s[0]) == 0x30)
+    return out->setData(s.data(), static_cast<int>(s.size())) == 0;
   std::string b64, line;
   std::istringstream lines(s);
   while (std::getline(lines, line)) {
@@ -105,7 +106,8 @@ int PrintSignedData(const ByteString& der, const ByteString* detached, const std
   std::printf("  Certificates: %d\n", sd.getCertificates().getCount());
   for (int i = 0; i < sd.getCertificates().getCount(); ++i) {
     RCertificateChoices c = *sd.getCertificates().getAt(i);
-    std::printf("    %d: %s\n", i + 1, c.isCertificate() ? Subject(c.getCertificate().toASN1Object()).c_str() : "<not an X.509 certificate>");
+    std::printf("    %d: %s\n", i + 1,
+                c.isCertificate() ? Subject(c.getCertificate().toASN1Object()).c_str() : "<not an X.509 certificate>");
   }
   std::printf("  Signers: %d\n", sd.getSignerInfos().getCount());
   for (int i = 0; i < sd.getSignerInfos().getCount(); ++i) {

@@ -26,8 +26,8 @@ ByteString Load(const std::string& name) { return qvatest::ReadFileBs(CrlPath(na
 // The CRL of a record with its Craft applied.
 ByteString Crafted(const ByteString& der, const std::string& craft) {
   std::istringstream in(craft);
-  std::string op, a, b;
-  in >> op >> a >> b;
+  std::string op, a, b, c;
+  in >> op >> a >> b >> c;
   if (op.empty()) return der;
   if (op == "truncate") return ByteString(der.data(), der.length() - 1);
   if (op == "flip") {
@@ -61,6 +61,17 @@ ByteString Crafted(const ByteString& der, const std::string& craft) {
         found = true;
       }
     EXPECT_TRUE(found) << craft;
+  } else if (op == "entryext") {
+    RRevokedCertificate* entry = tbs.getRevokedCertificates().getAt(std::stoi(a));
+    EXPECT_NE(entry, nullptr) << craft;
+    if (!entry) return der;
+    for (char& ch : b) ch = ch == '.' ? ' ' : ch;
+    RExtension ext;
+    ext.getExtnID().setOID(b.c_str());
+    ext.getExtnValue().setValue(HexBs(c));
+    RExtensions exts = entry->hasCrlEntryExtensions() ? entry->getCrlEntryExtensions() : RExtensions();
+    exts.add(ext);
+    entry->setCrlEntryExtensions(exts);
   } else {
     ADD_FAILURE() << "unknown craft " << craft;
   }
@@ -81,6 +92,9 @@ TEST(CertListProcess, ChecksOfParseCertList) {
     if (rc == 0 && !Get(r, "Entry").empty()) {
       PRevokedEntry e;
       rc = p.getRevokedCertificate(Num(r, "Entry"), &e);
+      if (rc == 0) {
+        EXPECT_EQ(qvatest::Str(e.certificateIssuer), Get(r, "CertificateIssuer"));
+      }
     }
     EXPECT_EQ(rc, Num(r, "Code")) << p.getErrorMessage().c_str();
     EXPECT_NE(qvatest::Str(p.getErrorMessage()).find(Get(r, "Trace")), std::string::npos)

@@ -82,7 +82,36 @@ ByteString Reencode(const ByteString& der, const std::function<void(REnvelopedDa
   return ci.toASN1Object();
 }
 
-ByteString Edit(const std::string& name, const ByteString& der) {
+// A certificate as a CertificateChoices entry of originatorInfo.
+void AddOriginatorCert(REnvelopedData& e, const ByteString& cert) {
+  RCertificate c;
+  EXPECT_EQ(c.fromASN1Object(cert), 0);
+  RCertificateChoices choice;
+  choice.setCertificate(c);
+  ROriginatorInfo info;
+  RCertificateSet certs;
+  certs.add(choice);
+  info.setCerts(certs);
+  e.setOriginatorInfo(info);
+}
+
+ByteString Edit(const std::string& name, const ByteString& der, const ByteString& origCert,
+                const ByteString& myCert) {
+  if (name == "add-originator-cert" || name == "add-other-cert") {
+    const ByteString& cert = name == "add-originator-cert" ? origCert : myCert;
+    return Reencode(der, [&cert](REnvelopedData& e, RContentInfo&) { AddOriginatorCert(e, cert); });
+  }
+  if (name == "kekri-version-3") {
+    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
+      e.getRecipientInfos().getAt(0)->getKekri().setVersion(ASN1Integer(3));
+    });
+  }
+  if (name == "drop-content") {
+    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
+      REncryptedContentInfo& eci = e.getEncryptedContentInfo();
+      eci.setPresent(eci.getEncryptedContent(), false);
+    });
+  }
   if (name == "kari-version-2") {
     return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
       e.getRecipientInfos().getAt(0)->getKari().setVersion(ASN1Integer(2));
@@ -121,7 +150,7 @@ TEST_F(Enveloped, BothWaysWithOpenssl) {
     const std::string name = r["Name"], from = r["From"];
     const ByteString content(r["Content"].empty() ? std::string(100, 'c').append(r["Name"]).c_str()
                                                   : r["Content"].c_str());
-    Party me;
+    Party me, orig;
     if (!r["Key"].empty()) me = Make(name, r["Key"]);
     ByteString der;
     if (from == "ours") {
@@ -136,11 +165,14 @@ TEST_F(Enveloped, BothWaysWithOpenssl) {
         ASSERT_EQ(env.choiceRecipientType(kind == "ktri" ? penv::KEY_TRANS_RECIPIENT_INFO
                                                          : penv::KEY_AGREE_RECIPIENT_INFO),
                   0);
-        ASSERT_EQ(env.choiceRecipientIdentifier(Num(r, "Rid")), 0);
+        if (Num(r, "Rid")) {
+          ASSERT_EQ(env.choiceRecipientIdentifier(Num(r, "Rid")), 0);
+        }
         env.setOAEP(Num(r, "Oaep") != 0);
+        env.setECMQV(Num(r, "Ecmqv") != 0);
       }
       if (kind == "kari") {
-        const Party orig = Make(name + "-orig", r["Key"]);
+        orig = Make(name + "-orig", r["Key"]);
         env.setOriginator(Num(r, "Orig") == penv::ORIGINATOR_KEY ? orig.pub : orig.cert, Num(r, "Orig"), orig.key);
       }
       const int rc = env.addRecipient(me.cert);
@@ -158,7 +190,7 @@ TEST_F(Enveloped, BothWaysWithOpenssl) {
                 (Num(r, "Legacy") ? " -provider legacy -provider default" : ""));
         EXPECT_EQ(ReadFileBs(Path(name + ".out")), content);
       }
-      if (!r["Edit"].empty()) der = Edit(r["Edit"], der);
+      if (!r["Edit"].empty()) der = Edit(r["Edit"], der, orig.cert, me.cert);
     } else if (from == "openssl") {
       qvatest::WriteFile(Path(name + ".in"), content);
       MustRun("openssl cms -encrypt -binary -in " + Path(name + ".in") + " -outform DER -out " + Path(name + ".cms") +
@@ -174,16 +206,14 @@ TEST_F(Enveloped, BothWaysWithOpenssl) {
     }
     if (r["Kind"] == "kekri") proc.setKeyEncryptionKey(qvatest::Hex(kKek), qvatest::Hex(kKekId));
     if (!r["Kek"].empty()) proc.setKeyEncryptionKey(qvatest::Hex(r["Kek"]), qvatest::Hex(r["KekId"]));
-    const int rc = proc.parseEnvelopedData(der, me.key);
+    ByteString opened;
+    int rc = proc.parseEnvelopedData(der, me.key);
+    if (rc == 0) rc = proc.getContent(opened);
     EXPECT_EQ(rc, Num(r, "Code")) << qvatest::Str(proc.getErrorMessage());
     if (rc) {
       EXPECT_TRUE(cryptotest::TraceTail(proc.getErrorMessage(), "PEnvelopedDataProcess.cpp", r["Tail"]));
-      ByteString none;
-      EXPECT_NE(proc.getContent(none), 0);
       continue;
     }
-    ByteString opened;
-    ASSERT_EQ(proc.getContent(opened), 0) << qvatest::Str(proc.getErrorMessage());
     EXPECT_EQ(opened, content);
     EXPECT_EQ(RecipientVersion(proc), Num(r, "Version"));
   }

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <functional>
 
+#include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
 #include "ZENALib/QSCrypto/QSHash.h"
 #include "ZENALib/QSProcess/PSignedData.h"
 #include "ZENALib/QSProcess/PSignedDataMessages.h"
@@ -54,12 +55,20 @@ void OpensslVerifies(qvatest::TempDir& dir, const ByteString& der, bool detached
 // signingCertificate hash).
 TEST(SignedData, MadeHereVerifiedBothWays) {
   qvatest::TempDir dir;
+  // HAS-160, and a private key whose domain parameters are left to the certificate.
+  Signer kcdsaHas160 = sdtest::KcdsaSigner(dir);
+  kcdsaHas160.hash = 1020;
+  RPrivateKeyInfo info;
+  ASSERT_EQ(info.fromASN1Object(kcdsaHas160.key), 0);
+  info.getPrivateKeyAlgorithm().setPresent(info.getPrivateKeyAlgorithm().getParameters(), false);
+  kcdsaHas160.key = info.toASN1Object();
   const Signer signers[] = {sdtest::OpensslSigner(dir, "rsa", "rsa"), sdtest::OpensslSigner(dir, "ec", "ec"),
-                            sdtest::KcdsaSigner(dir)};
+                            sdtest::KcdsaSigner(dir), kcdsaHas160};
   for (const Signer& s : signers) {
     for (bool attrs : {true, false}) {
       for (bool detached : {false, true}) {
-        SCOPED_TRACE(s.kind + (attrs ? " attrs" : " no attrs") + (detached ? " detached" : " embedded"));
+        SCOPED_TRACE(s.kind + " hash " + std::to_string(s.hash) + (attrs ? " attrs" : " no attrs") +
+                     (detached ? " detached" : " embedded"));
         const std::time_t before = std::time(nullptr);
         const ByteString der = Make(s, attrs, detached);
         PSignedDataProcess p;
@@ -102,15 +111,22 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
     std::string options;
     bool attrs, detached, keyid;
   };
-  const Row rows[] = {{&rsa, "", true, false, false},        {&rsa, "-noattr", false, false, false},
-                      {&ec, "-md sha1", true, false, false}, {&rsa, "", true, true, false},
-                      {&rsa, "-keyid", true, false, true},   {&ec, "-md sha1 -keyid -noattr", false, false, true},
-                      {&rsa, "-stream", true, false, false}};  // BER, indefinite lengths
+  const Row rows[] = {{&rsa, "", true, false, false},
+                      {&rsa, "-noattr", false, false, false},
+                      {&ec, "-md sha1", true, false, false},
+                      {&rsa, "", true, true, false},
+                      {&rsa, "-keyid", true, false, true},
+                      {&ec, "-md sha1 -keyid -noattr", false, false, true},
+                      {&rsa, "-stream", true, false, false},  // BER, indefinite lengths
+                      // RSA-PSS as the verifier takes it: SHA-1, MGF1-SHA-1, salt 20
+                      // (openssl's default salt is the most that fits).
+                      {&rsa, "-md sha1 -keyopt rsa_padding_mode:pss -keyopt rsa_pss_saltlen:20", true, false, false}};
   for (const Row& r : rows) {
     SCOPED_TRACE(r.s->kind + " " + r.options + (r.detached ? " detached" : ""));
-    MustRun("openssl cms -sign -binary " + std::string(r.detached ? "" : "-nodetach ") + r.options + " -in " +
-            dir.file("content.bin") + " -signer " + r.s->certPem + " -inkey " + r.s->keyPem + " -outform DER -out " +
-            dir.file("sd.der"));
+    // Options after -inkey: -keyopt belongs to the signer before it.
+    MustRun("openssl cms -sign -binary " + std::string(r.detached ? "" : "-nodetach ") + " -in " +
+            dir.file("content.bin") + " -signer " + r.s->certPem + " -inkey " + r.s->keyPem + " " + r.options +
+            " -outform DER -out " + dir.file("sd.der"));
     ByteString der = qvatest::ReadFileBs(dir.file("sd.der"));
     PSignedDataProcess p;
     if (r.keyid) {
@@ -119,8 +135,9 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
       EXPECT_TRUE(TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
                             "PSignedDataProcess::processContentInfo-version(3), Only v1 signedData is supported."));
       EXPECT_EQ(Verify(p, sdtest::Reversion(der, 1, 3)), +PSignedDataProcess::ERR_SIGNER_VERSION);
-      EXPECT_TRUE(TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
-                            "PSignedDataProcess::processSignerInfos-signerInfo.version(7), Only v1 signerInfo supported."));
+      EXPECT_TRUE(
+          TraceTail(p.getErrorMessage(), "PSignedDataProcess.cpp",
+                    "PSignedDataProcess::processSignerInfos-signerInfo.version(7), Only v1 signerInfo supported."));
       der = sdtest::Reversion(der, 1, 1);
     }
     ASSERT_EQ(Verify(p, der, r.detached ? &kContent : nullptr), 0) << Str(p.getErrorMessage());
@@ -140,7 +157,8 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
     EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
                           "PSignedDataProcess::haveValidSignerIdentifier-signerCert(8), Can't verify signature. "
                           "Because there is not signer certificate."));
-    EXPECT_EQ(Verify(q, noCerts, r.detached ? &kContent : nullptr, {ec.cert, r.s->cert}), 0) << Str(q.getErrorMessage());
+    EXPECT_EQ(Verify(q, noCerts, r.detached ? &kContent : nullptr, {ec.cert, r.s->cert}), 0)
+        << Str(q.getErrorMessage());
     std::vector<ByteString> certs;
     EXPECT_EQ(q.getCerts(&certs), +PSignedDataProcess::ERR_NO_CERTS);
     EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
@@ -151,8 +169,9 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
       const ByteString tampered = sdtest::Flip(der, kContent, 5);
       EXPECT_EQ(Verify(q, tampered), r.attrs ? +PSignedDataProcess::ERR_CONTENT_HASH : 116);
       if (r.attrs) {
-        EXPECT_TRUE(TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
-                              "PSignedDataProcess::processSignerInfos-messageDigest(10), Content Hash value is not same."));
+        EXPECT_TRUE(
+            TraceTail(q.getErrorMessage(), "PSignedDataProcess.cpp",
+                      "PSignedDataProcess::processSignerInfos-messageDigest(10), Content Hash value is not same."));
       }
     }
   }
@@ -179,7 +198,8 @@ TEST(SignedData, Refusals) {
   };
   const Row rows[] = {
       {"data, not signedData", edit([](RSignedData&) {}).mid(0, 0), PSignedDataProcess::ERR_DECODE, nullptr},
-      {"another content type", [&] {
+      {"another content type",
+       [&] {
          RSignedData sd = sdtest::Unwrap(good);
          return sdtest::Wrap(sd, psdoid::kData);
        }(),
@@ -330,10 +350,18 @@ TEST(SignedData, AddSignerCounterSignatureAndLimits) {
     }
   }
   PSignedData bad;
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05" "ab", 4), false, true), 1);
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05"
+                                             "ab",
+                                             4),
+                                  false, true),
+            1);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setTobeSignedData-bsContent(1), The content is not asn.1 format."));
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02" "ab", 4), false, true), 0);
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02"
+                                             "ab",
+                                             4),
+                                  false, true),
+            0);
   EXPECT_EQ(bad.setSignedData(sdtest::Wrap(sd, psdoid::kData)), 2);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setSignedData-contentType(2), It is not signedData."));

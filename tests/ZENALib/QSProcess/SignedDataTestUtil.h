@@ -14,9 +14,9 @@
 namespace sdtest {
 
 struct Signer {
-  std::string kind;   // rsa, ec, kcdsa
-  ByteString cert;    // DER
-  ByteString key;     // PKCS#8 DER
+  std::string kind;             // rsa, ec, kcdsa
+  ByteString cert;              // DER
+  ByteString key;               // PKCS#8 DER
   std::string certPem, keyPem;  // files for openssl (rsa and ec only)
   int hash = 1011;
 };
@@ -35,8 +35,9 @@ inline Signer OpensslSigner(qvatest::TempDir& dir, const std::string& kind, cons
   s.kind = kind;
   s.certPem = dir.file(name + ".crt");
   s.keyPem = dir.file(name + ".pem");
-  const std::string key = kind == "rsa" ? "-newkey rsa:2048"
-                                        : "-newkey ec -pkeyopt ec_paramgen_curve:secp160r1 -pkeyopt ec_param_enc:named_curve";
+  const std::string key = kind == "rsa"
+                              ? "-newkey rsa:2048"
+                              : "-newkey ec -pkeyopt ec_paramgen_curve:secp160r1 -pkeyopt ec_param_enc:named_curve";
   s.hash = kind == "rsa" ? 1012 : 1011;
   cryptotest::MustRun("openssl req -x509 " + key + " -nodes -keyout " + s.keyPem + " -subj /CN=" + name +
                       " -days 2 -sha1 " + extra + " -out " + s.certPem + " 2>/dev/null");
@@ -102,7 +103,8 @@ inline ByteString Wrap(RSignedData& sd, const char* type = "1 2 840 113549 1 7 2
 inline ByteString Reversion(const ByteString& der, int sdVersion, int siVersion) {
   RSignedData sd = Unwrap(der);
   sd.getVersion().setInteger(sdVersion);
-  for (int i = 0; i < sd.getSignerInfos().getCount(); ++i) sd.getSignerInfos().getAt(i)->getVersion().setInteger(siVersion);
+  for (int i = 0; i < sd.getSignerInfos().getCount(); ++i)
+    sd.getSignerInfos().getAt(i)->getVersion().setInteger(siVersion);
   return Wrap(sd);
 }
 

@@ -91,8 +91,9 @@ TEST(TimeStamp, OpensslToken) {
   PTimeStampResponseProcess p;
   EXPECT_EQ(p.parseTimeStampToken(t.token), +PTimeStampResponseProcess::ERR_SIGNED_DATA);
   const std::string refused = Str(p.getErrorMessage());
-  EXPECT_EQ(refused.find("PTimeStampResponseProcess::parseTimeStampToken-m_signedDataProcess(3), [PSignedDataProcess.cpp:"),
-            refused.find("]") + 1)
+  EXPECT_EQ(
+      refused.find("PTimeStampResponseProcess::parseTimeStampToken-m_signedDataProcess(3), [PSignedDataProcess.cpp:"),
+      refused.find("]") + 1)
       << refused;
   const std::string tail = "]PSignedDataProcess::processContentInfo-version(3), Only v1 signedData is supported.";
   EXPECT_EQ(refused.substr(refused.size() - std::min(refused.size(), tail.size())), tail);
@@ -137,12 +138,16 @@ TEST(TimeStamp, CraftedTokens) {
   };
   const Row rows[] = {
       {"as openssl made it, signed here", t.Token(same, t.tsa), 0, nullptr},
-      {"no tsa and no nonce", t.Token([](RTSTInfo& i) {
-         i.setPresent(i.getTsa(), false);
-         i.setPresent(i.getNonce(), false);
-       }, t.tsa),
+      {"no tsa and no nonce",
+       t.Token(
+           [](RTSTInfo& i) {
+             i.setPresent(i.getTsa(), false);
+             i.setPresent(i.getNonce(), false);
+           },
+           t.tsa),
        0, nullptr},
-      {"ContentInfo of data", [&] {
+      {"ContentInfo of data",
+       [&] {
          RSignedData sd = sdtest::Unwrap(t.Token(same, t.tsa));
          return sdtest::Wrap(sd, psdoid::kData);
        }(),
@@ -154,16 +159,19 @@ TEST(TimeStamp, CraftedTokens) {
       {"two signers, both valid", t.Token(same, t.tsa, psdoid::kTSTInfo, true, &t.other),
        PTimeStampResponseProcess::ERR_SIGNER_COUNT,
        "The Time-stamp token MUST NOT contain any signatures other than the signature of the TSA."},
-      {"no signed attributes", t.Token(same, t.tsa, psdoid::kTSTInfo, false), PTimeStampResponseProcess::ERR_SIGNING_CERT,
-       "1 2 840 113549 1 9 16 2 12 does not exist."},
-      {"tsa names another subject", t.Token([&](RTSTInfo& i) {
-         RGeneralName g;
-         g.setDirectoryName(otherName);
-         i.setTsa(g);
-       }, t.tsa),
+      {"no signed attributes", t.Token(same, t.tsa, psdoid::kTSTInfo, false),
+       PTimeStampResponseProcess::ERR_SIGNING_CERT, "1 2 840 113549 1 9 16 2 12 does not exist."},
+      {"tsa names another subject",
+       t.Token(
+           [&](RTSTInfo& i) {
+             RGeneralName g;
+             g.setDirectoryName(otherName);
+             i.setTsa(g);
+           },
+           t.tsa),
        PTimeStampResponseProcess::ERR_TSA_NAME, nullptr},
-      {"no timeStamping key purpose", t.Token([](RTSTInfo& i) { i.setPresent(i.getTsa(), false); }, t.plain), PTimeStampResponseProcess::ERR_KEY_PURPOSE,
-       "This certificate is not for time stamp."},
+      {"no timeStamping key purpose", t.Token([](RTSTInfo& i) { i.setPresent(i.getTsa(), false); }, t.plain),
+       PTimeStampResponseProcess::ERR_KEY_PURPOSE, "This certificate is not for time stamp."},
   };
   for (const Row& r : rows) {
     SCOPED_TRACE(r.what);

@@ -5,6 +5,7 @@
 #   ca-nosign.der the same name and key without cRLSign
 #   ca-otherkey.der the same name with another key
 #   ca-reserial.der the same name and key, another serial
+#   ca-noski.der, ca-otherkey-noski.der  without subjectKeyIdentifier
 #   ca-cross.der  the same name and key certified by other.der
 #   other.der     another CA
 #   user.der, sub.der      a user and a CA certificate issued by ca
@@ -27,6 +28,10 @@ basicConstraints = critical,CA:TRUE
 keyUsage = critical,keyCertSign,cRLSign
 subjectKeyIdentifier = hash
 subjectAltName = URI:http://ca.example.com/
+[ ca_noski ]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+subjectKeyIdentifier = none
 [ ca_nosign ]
 basicConstraints = critical,CA:TRUE
 keyUsage = critical,keyCertSign
@@ -119,6 +124,8 @@ selfsign ca "$CA_DN" 2 ca_nosign ca-nosign
 selfsign otherkey "$CA_DN" 3 ca_ext ca-otherkey
 selfsign ca "$CA_DN" 4 ca_ext ca-reserial
 selfsign other "/C=KR/O=CRL Test/CN=Other CA" 5 ca_ext other
+selfsign ca "$CA_DN" 6 ca_noski ca-noski
+selfsign otherkey "$CA_DN" 7 ca_noski ca-otherkey-noski
 openssl x509 -inform DER -in ca.der -out "$W/ca.pem"
 openssl x509 -inform DER -in other.der -out "$W/other.pem"
 issue() {  # issue <ca> <subject> <serial> <ext> <out>
