@@ -9,6 +9,7 @@
 #include <string>
 
 #include "libaibase/clcertificate.h"
+#include "libaibase/clcertlistprocess.h"
 #include "libaibase/clcrypto.h"
 #include "libaibase/clhash.h"
 #include "libaibase/clzenawrapper.h"
@@ -271,6 +272,18 @@ TEST(Facade, RevocationAgainstOpenssl) {
                                       " -noout -lastupdate | cut -d= -f2)\" +%s")));
   EXPECT_EQ(count, std::stoi(Sh("openssl crl -inform DER -in " + Data("ca-old.crl.der") +
                                 " -noout -text | grep -c 'Serial Number:'")));
+
+  // The first entry as openssl lists it; an index past the end is 47.
+  CLCertListProcess crl;
+  ByteString entrySerial;
+  std::int64_t revokedAt = 0;
+  int reason = -2;
+  ASSERT_EQ(crl.getRevokedCertificate(Load("ca.crl.der"), 0, &entrySerial, &revokedAt, &reason), 0);
+  const std::string text = "openssl crl -inform DER -in " + Data("ca.crl.der") + " -noout -text";
+  EXPECT_EQ(ToHex(entrySerial), Sh(text + " | sed -n 's/.*Serial Number: //p' | tr A-F a-f"));
+  EXPECT_EQ(revokedAt, std::stoll(Sh("date -u -d \"$(" + text + " | sed -n 's/.*Revocation Date: //p')\" +%s")));
+  EXPECT_EQ(reason, Sh(text + " | grep -A1 'CRL Reason Code' | tail -n 1 | tr -d ' '") == "KeyCompromise" ? 1 : -1);
+  EXPECT_EQ(crl.getRevokedCertificate(Load("ca.crl.der"), count, &entrySerial, &revokedAt, &reason), 47);
 }
 
 // openssl's tokens are version-3 SignedData, which the token reader refuses.
