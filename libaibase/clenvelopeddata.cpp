@@ -29,10 +29,12 @@ int CLEnvelopedData::Envelop(int version, const ByteString& certificate, const B
   envData.choiceRecipientType(penv::KEY_TRANS_RECIPIENT_INFO);
   envData.choiceRecipientIdentifier(penv::ISSUERANDSERIALNUMBER);
   ByteString key, iv;
+  // The content key is drawn for the recipient: its failure counts as the recipient's.
   int rc = envData.makeSymetricKey(CLCrypto::kTripleDES, key, iv);
   key.zeroize();
   iv.zeroize();
-  if (rc != 0) return Fail(kEnvelopMethod, kEnvelopAddRecipientWhat, ERR_ENVELOP_ADD_RECIPIENT, envData.getErrorMessage());
+  if (rc != 0)
+    return Fail(kEnvelopMethod, kEnvelopAddRecipientWhat, ERR_ENVELOP_ADD_RECIPIENT, envData.getErrorMessage());
   if (envData.addRecipientByCert(certificate) != 0)
     return Fail(kEnvelopMethod, kEnvelopAddRecipientWhat, ERR_ENVELOP_ADD_RECIPIENT, envData.getErrorMessage());
   ByteString der;
@@ -47,8 +49,7 @@ int CLEnvelopedData::OpenEnvelop(const ByteString& envelope, const ByteString& c
   using namespace cl_text;
   PEnvelopedDataProcess envDataProcess;
   if (envDataProcess.setRecipientIdentifier(certificate) != 0)
-    return Fail(kOpenEnvelopMethod, kOpenSetRecipientWhat, ERR_OPEN_SET_RECIPIENT,
-                envDataProcess.getErrorMessage());
+    return Fail(kOpenEnvelopMethod, kOpenSetRecipientWhat, ERR_OPEN_SET_RECIPIENT, envDataProcess.getErrorMessage());
   if (envDataProcess.parseEnvelopedData(envelope, privateKey) != 0)
     return Fail(kOpenEnvelopMethod, kOpenParseWhat, ERR_OPEN_PARSE, envDataProcess.getErrorMessage());
   ByteString content;

@@ -34,8 +34,8 @@ std::string Prefix(const ByteString& trace, std::size_t n) { return Str(trace).s
 std::string Cp949(const std::string& utf8) { return Sh("printf '%s' '" + utf8 + "' | iconv -f UTF-8 -t CP949"); }
 // notBefore/notAfter of a DER certificate as openssl prints them, in seconds.
 std::int64_t CertTime(const std::string& file, const char* which) {
-  return std::stoll(Sh("date -u -d \"$(openssl x509 -inform DER -in " + Data(file) + " -noout -" + which +
-                       " | cut -d= -f2)\" +%s"));
+  return std::stoll(
+      Sh("date -u -d \"$(openssl x509 -inform DER -in " + Data(file) + " -noout -" + which + " | cut -d= -f2)\" +%s"));
 }
 
 }  // namespace
@@ -136,8 +136,7 @@ TEST(Facade, CertificateFieldsAgainstOpenssl) {
   CLZENAWrapper zena;
   const ByteString user = Load("user-listed.der");
   ByteString subject, issuer, serial, start, end, policy, algorithm, org;
-  ASSERT_EQ(zena.ParseCert(user, subject, issuer, serial, start, end, policy, algorithm), 0)
-      << Str(zena.GetErrorMsg());
+  ASSERT_EQ(zena.ParseCert(user, subject, issuer, serial, start, end, policy, algorithm), 0) << Str(zena.GetErrorMsg());
   // Names: the UTF8String values come out in CP949.
   EXPECT_EQ(Str(CLCertificate::GetDNComponent(subject, CLCertificate::kCommonName)), Cp949("홍길동"));
   EXPECT_EQ(Str(CLCertificate::GetDNComponent(subject, CLCertificate::kOrganization)), Cp949("한국테스트"));
@@ -149,7 +148,8 @@ TEST(Facade, CertificateFieldsAgainstOpenssl) {
   // Serial, dates, policy as openssl reads them.
   const std::string file = Data("user-listed.der");
   EXPECT_EQ(ToHex(serial), Sh("openssl x509 -inform DER -in " + file + " -noout -serial | cut -d= -f2 | tr A-F a-f"));
-  const std::int64_t notBefore = CertTime("user-listed.der", "startdate"), notAfter = CertTime("user-listed.der", "enddate");
+  const std::int64_t notBefore = CertTime("user-listed.der", "startdate"),
+                     notAfter = CertTime("user-listed.der", "enddate");
   EXPECT_EQ(Str(start), Sh("date -u -d @" + std::to_string(notBefore) + " '+%Y/%m/%d %H:%M:%S'"));
   EXPECT_EQ(Str(end), Sh("date -u -d @" + std::to_string(notAfter) + " '+%Y/%m/%d %H:%M:%S'"));
   const std::string oid = Sh("openssl x509 -inform DER -in " + file +
@@ -183,9 +183,9 @@ TEST(Facade, CertificateFieldsAgainstOpenssl) {
   CLCertificate dp;
   ASSERT_EQ(dp.ParseCertificate(user), 0);
   ASSERT_EQ(dp.CheckCRLDP(dp.GetCRLDistributionPoint()), 0);
-  EXPECT_EQ(Str(dp.GetCRLFileName()),
-            Sh("openssl x509 -inform DER -in " + file + " -noout -ext crlDistributionPoints | sed -n 's/.*URI://p' "
-               "| sed 's|.*/||'"));
+  EXPECT_EQ(Str(dp.GetCRLFileName()), Sh("openssl x509 -inform DER -in " + file +
+                                         " -noout -ext crlDistributionPoints | sed -n 's/.*URI://p' "
+                                         "| sed 's|.*/||'"));
   CLCertificate nodp;
   ASSERT_EQ(nodp.ParseCertificate(Load("user-nodp.der")), 0);
   EXPECT_EQ(nodp.CheckCRLDP(nodp.GetCRLDistributionPoint()), 43);
@@ -195,7 +195,8 @@ TEST(Facade, CertificateFieldsAgainstOpenssl) {
 // A certificate without policies is refused by every parsing method, and
 // bytes that are no certificate by the decoder.
 TEST(Facade, CertificateRefusals) {
-  const std::string noPolicy = "(42)\r\nCLCertificate::ParseCertificate - " + Cp949("인증서에 정책이 없습니다") + "(42)";
+  const std::string noPolicy =
+      "(42)\r\nCLCertificate::ParseCertificate - " + Cp949("인증서에 정책이 없습니다") + "(42)";
   struct Row {
     const char* file;
     int code;
@@ -204,8 +205,9 @@ TEST(Facade, CertificateRefusals) {
       {"user-nopolicy.der", 42, "CLZENAWrapper::GetSubjectFullDN - cLCertificate.ParseCertificate" + noPolicy},
       {"user-nopolicy.der", 42, "CLZENAWrapper::GetTermOfValidity - lCertificate.ParseCertificate" + noPolicy},
       {"user-nopolicy.der", 42, "CLZENAWrapper::ParseCert - cLCertificate.ParseCertificate" + noPolicy},
-      {"make.sh", 41, "CLZENAWrapper::ParseCert - cLCertificate.ParseCertificate(41)\r\n"
-                      "CLCertificate::ParseCertificate - certUtil.parseCertificate(41)\r\n["},
+      {"make.sh", 41,
+       "CLZENAWrapper::ParseCert - cLCertificate.ParseCertificate(41)\r\n"
+       "CLCertificate::ParseCertificate - certUtil.parseCertificate(41)\r\n["},
   };
   int i = 0;
   for (const Row& r : rows) {
@@ -213,8 +215,9 @@ TEST(Facade, CertificateRefusals) {
     CLZENAWrapper zena;
     ByteString a, b;
     const ByteString cert = Load(r.file);
-    const int rc = i == 0 ? zena.GetSubjectFullDN(cert, a) : i == 1 ? zena.GetTermOfValidity(cert, a, b)
-                                                                    : zena.ParseCert(cert, a);
+    const int rc = i == 0   ? zena.GetSubjectFullDN(cert, a)
+                   : i == 1 ? zena.GetTermOfValidity(cert, a, b)
+                            : zena.ParseCert(cert, a);
     ++i;
     EXPECT_EQ(rc, r.code);
     EXPECT_EQ(Prefix(zena.GetErrorMsg(), r.trace.size()), r.trace);
@@ -222,13 +225,15 @@ TEST(Facade, CertificateRefusals) {
   CLCertificate cert;
   EXPECT_EQ(cert.CheckTermOfValidaty(Load("user-nopolicy.der")), 41);
   // The parse failure is reported with the expiry text, as this check always has.
-  const std::string expired = "CLCertificate::CheckTermOfValidaty - " + Cp949("인증서의 유효기간이 만료되었습니다.") + "(41)\r\n";
+  const std::string expired =
+      "CLCertificate::CheckTermOfValidaty - " + Cp949("인증서의 유효기간이 만료되었습니다.") + "(41)\r\n";
   EXPECT_EQ(Prefix(cert.GetErrorMsg(), expired.size()), expired);
 }
 
 // Revocation answers: the flag against openssl's listing of the CRL.
 TEST(Facade, RevocationAgainstOpenssl) {
-  const std::string notIssuer = "CLCertListProcess::isRevocked - " + Cp949("해당인증서의 발행기관에서 배포한 CRL이 아닙니다.") + "(45)";
+  const std::string notIssuer =
+      "CLCertListProcess::isRevocked - " + Cp949("해당인증서의 발행기관에서 배포한 CRL이 아닙니다.") + "(45)";
   struct Row {
     const char* crl;
     const char* cert;
@@ -255,8 +260,8 @@ TEST(Facade, RevocationAgainstOpenssl) {
                                        " -noout -text | grep -q 'Serial Number: " + serial + "$'") == 0;
       EXPECT_EQ(revoked, listed ? 1 : 0);
     } else {
-      const std::string want = "CLZENAWrapper::ParseCRL - cLCertListProcess.isRevocked(" + std::to_string(r.code) +
-                               ")\r\n" + r.trace;
+      const std::string want =
+          "CLZENAWrapper::ParseCRL - cLCertListProcess.isRevocked(" + std::to_string(r.code) + ")\r\n" + r.trace;
       EXPECT_EQ(Prefix(zena.GetErrorMsg(), want.size()), want);
       EXPECT_EQ(revoked, 7);
     }
@@ -292,8 +297,9 @@ TEST(Facade, TimeStampTokenRefused) {
     CLZENAWrapper zena;
     ByteString cert, subject;
     EXPECT_EQ(zena.ParseTimeStampToken(qvatest::ReadFileBs(qvatest::DataPath(file)), cert, subject), 48);
-    const std::string want = "CLZENAWrapper::ParseTimeStampToken - cLTimeStampToken.ParseTimeStampToken(48)\r\n"
-                             "CLTimeStampToken::ParseTimeStampToken - tsProcess.parseTimeStampToken(48)\r\n[";
+    const std::string want =
+        "CLZENAWrapper::ParseTimeStampToken - cLTimeStampToken.ParseTimeStampToken(48)\r\n"
+        "CLTimeStampToken::ParseTimeStampToken - tsProcess.parseTimeStampToken(48)\r\n[";
     EXPECT_EQ(Prefix(zena.GetErrorMsg(), want.size()), want);
   }
 }

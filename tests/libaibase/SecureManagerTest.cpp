@@ -31,7 +31,9 @@ struct Fields {
 };
 Fields Read(const ByteString& r) {
   const unsigned char* p = r.data();
-  auto be32 = [&](int at) { return (long(p[at]) << 24) | (long(p[at + 1]) << 16) | (long(p[at + 2]) << 8) | p[at + 3]; };
+  auto be32 = [&](int at) {
+    return (long(p[at]) << 24) | (long(p[at + 1]) << 16) | (long(p[at + 2]) << 8) | p[at + 3];
+  };
   EXPECT_GE(r.length(), 11);
   if (r.length() < 11) return {};
   return {p[0], p[1], p[6], be32(2), be32(7), r.mid(11, r.length() - 11)};
@@ -72,7 +74,12 @@ TEST(SecureManager, HandshakeBothHalves) {
   ASSERT_TRUE(Identity().ok);
   Session s;
   // ClientHello is exactly the five bytes of Hello in a type-1 record.
-  EXPECT_EQ(ToHex(s.records[0]), "1601" "0000000a" "01" "00000005" + ToHex(ByteString("Hello")));
+  EXPECT_EQ(ToHex(s.records[0]),
+            "1601"
+            "0000000a"
+            "01"
+            "00000005" +
+                ToHex(ByteString("Hello")));
   EXPECT_TRUE(s.more[0]);
   ExpectHandshake(s.records[1], 2);
   EXPECT_EQ(Read(s.records[1]).data, Identity().certificate);
