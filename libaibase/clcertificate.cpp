@@ -6,6 +6,7 @@
 #include "ZENALib/ASN1Pkix/RValidity.h"
 #include "ZENALib/QSProcess/PCRLDistPointsUtil.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
+#include "ZENALib/QSProcess/PIdentifyDataUtil.h"
 #include "base/ErrorCodes.h"
 #include "base/Messages.h"
 #include "libaibase/clmessages.h"
@@ -95,6 +96,13 @@ int CLCertificate::CheckTermOfValidaty(const ByteString& certificate) {
 int CLCertificate::CheckValidityTermAtSpecialDate(const ByteString& certificate, std::int64_t when) {
   return CheckAt(kCertCheckAtDateMethod, certificate, when, ERR_CERT_PARSE, kParseCertificateWhat,
                  qva_msg::kNotInValidityAtDate);
+}
+
+int CLCertificate::VerifyVID(const ByteString& certificate, const ByteString& idn, const ByteString& random) {
+  PIdentifyDataUtil idutil;
+  if (idutil.verifyVIDWithCert(certificate, idn, random) != 0)
+    return Fail(kCertVerifyVIDMethod, kVerifyVIDWhat, ERR_VERIFY_VID, idutil.getErrorMessage().c_str());
+  return m_nErrorCode = 0;
 }
 
 int CLCertificate::VerifyCertificate(const ByteString&) { return m_nErrorCode = 0; }

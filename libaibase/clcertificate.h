@@ -29,6 +29,9 @@ class CLCertificate : public CErrorTrace {
   int CheckTermOfValidaty(const ByteString& certificate);
   // The same at the given instant.
   int CheckValidityTermAtSpecialDate(const ByteString& certificate, std::int64_t when);
+  // 0 when idn and random (the value kept with the private key) give the
+  // certificate's VID; 40 otherwise.
+  int VerifyVID(const ByteString& certificate, const ByteString& idn, const ByteString& random);
   // Always 0: the server verifies.
   int VerifyCertificate(const ByteString& certificate);
   // The CRL file name: what follows the last "/" of the distribution point

@@ -111,6 +111,13 @@ int CLZENAWrapper::VerifyCert(const ByteString& certificate) {
   return m_nErrorCode = 0;
 }
 
+int CLZENAWrapper::VerifyVID(const ByteString& certificate, const ByteString& idn, const ByteString& random) {
+  CLCertificate cLCertificate;
+  if (cLCertificate.VerifyVID(certificate, idn, random) >= 1)
+    return Fail(kZenaVerifyVIDMethod, kCLCertVerifyVIDWhat, cLCertificate);
+  return m_nErrorCode = 0;
+}
+
 int CLZENAWrapper::CheckCertPolicyOID(const ByteString& certificate, const ByteString& oid) {
   CLCertificate cLCertificate;
   if (cLCertificate.ParseCertificate(certificate) >= 1)

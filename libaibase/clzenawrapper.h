@@ -36,6 +36,9 @@ class CLZENAWrapper : public CErrorTrace {
   // without certificatePolicies (42).
   // 0 for any input: path and signature checks are the server's.
   int VerifyCert(const ByteString& certificate);
+  // The identity check of the certificate's VID with the subscriber's
+  // identification number and random value: 0 or CLCertificate's code (40).
+  int VerifyVID(const ByteString& certificate, const ByteString& idn, const ByteString& random);
   // The parse code; then, as the protocol has always answered, 90 when the
   // certificate's first policy OID equals oid (blank-separated arcs) and 0
   // when it differs.

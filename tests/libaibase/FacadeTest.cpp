@@ -303,3 +303,47 @@ TEST(Facade, TimeStampTokenRefused) {
     EXPECT_EQ(Prefix(zena.GetErrorMsg(), want.size()), want);
   }
 }
+
+// A VID made by openssl: HashContent written by asn1parse -genconf, hashed
+// twice by openssl dgst, placed in the identifyData otherName by openssl req.
+TEST(Facade, VerifyVIDAgainstOpenssl) {
+  qvatest::TempDir dir;
+  const std::string idn = "8001011234567", random = "0123456789abcdef0123456789abcdef01234567";
+  qvatest::WriteFile(dir.file("hc.cnf"), "asn1=SEQUENCE:hc\n[hc]\nidn=PRINTABLESTRING:" + idn +
+                                             "\nrnd=FORMAT:HEX,BITSTRING:" + random + "\n");
+  const std::string vid = Sh("openssl asn1parse -genconf " + dir.file("hc.cnf") + " -out " + dir.file("hc.der") +
+                             " -noout && openssl dgst -sha256 -binary " + dir.file("hc.der") +
+                             " | openssl dgst -sha256 -binary | od -An -tx1 | tr -d ' \\n'");
+  qvatest::WriteFile(dir.file("vid.cnf"),
+                     "[req]\ndistinguished_name=dn\n[dn]\n[ext]\ncertificatePolicies=1.2.410.200004.5.1.1.7\n"
+                     "subjectAltName=otherName:1.2.410.200004.10.1.1;SEQUENCE:idd\n[idd]\nrealName=UTF8:hong\n"
+                     "userInfo=SEQUENCE:ui\n[ui]\ne1=SEQUENCE:entry\n[entry]\nvidType=OID:1.2.410.200004.10.1.1.1\n"
+                     "vid=SEQUENCE:vid\n[vid]\nhashAlg=SEQUENCE:alg\nvirtualID=EXPLICIT:0,FORMAT:HEX,OCTETSTRING:" +
+                         vid + "\n[alg]\nalgorithm=OID:sha256\n");
+  ASSERT_EQ(
+      qvatest::Run("openssl req -x509 -newkey rsa:2048 -nodes -keyout " + dir.file("k") + " -subj /CN=vid -config " +
+                   dir.file("vid.cnf") + " -extensions ext -outform DER -out " + dir.file("vid.der") + " 2>/dev/null"),
+      0);
+  const ByteString cert = qvatest::ReadFileBs(dir.file("vid.der"));
+  struct Row {
+    const char* name;
+    ByteString cert, idn, random;
+    int code;
+  } rows[] = {
+      {"matching", cert, idn.c_str(), qvatest::Hex(random), 0},
+      {"other idn", cert, "8001011234568", qvatest::Hex(random), 40},
+      {"other random", cert, idn.c_str(), qvatest::Hex("00" + random.substr(2)), 40},
+      {"no VID", Load("user-listed.der"), idn.c_str(), qvatest::Hex(random), 40},
+  };
+  for (const Row& r : rows) {
+    SCOPED_TRACE(r.name);
+    CLZENAWrapper zena;
+    EXPECT_EQ(zena.VerifyVID(r.cert, r.idn, r.random), r.code);
+    if (r.code) {
+      const std::string want =
+          "CLZENAWrapper::VerifyVID - cLCertificate.VerifyVID(40)\r\n"
+          "CLCertificate::VerifyVID - idutil.verifyVIDWithCert(40)\r\n[";
+      EXPECT_EQ(Prefix(zena.GetErrorMsg(), want.size()), want);
+    }
+  }
+}
