@@ -77,6 +77,51 @@ int CSecureTunnel::ProcessPlainData(const CLEncoder& data, ByteString* record, B
   return 0;
 }
 
+int CSecureTunnel::Fail(const char* method, const char* what, const CErrorTrace& part) {
+  m_nErrorCode = part.GetErrorCode();
+  QVA_ERROR_TRACE(method, what, m_nErrorCode, part.GetErrorMsg().c_str());
+  return m_nErrorCode;
+}
+
+int CSecureTunnel::ProcessHandshake() {
+  using namespace qva_text;
+  if (!m_pSecureManager || !m_pSocketClient) return m_nErrorCode = BS_NO_MEMORY;
+  if (m_pSecureManager->MakeClientHello() >= 1) return Fail(kHandshakeMethod, kMakeClientHelloWhat, *m_pSecureManager);
+  // The client's half is two exchanges (hello, key exchange). A peer that
+  // keeps asking for more is not running the server's half: bounded, 148.
+  constexpr int kExchanges = 2;
+  bool more = true;
+  for (int exchange = 0; exchange < kExchanges && more; ++exchange) {
+    if (m_pSocketClient->Send(m_pSecureManager->GetOutput()) >= 1)
+      return Fail(kHandshakeMethod, kSocketSendWhat, *m_pSocketClient);
+    const ByteString answer = m_pSocketClient->TakeRecvData();
+    if (CheckAlert(answer) != 0) return m_nErrorCode;
+    if (m_pSecureManager->ProcessHandshake(answer, &more) >= 1)
+      return Fail(kHandshakeMethod, kProcessHandshakeWhat, *m_pSecureManager);
+  }
+  if (more || m_pSecureManager->GetOutput().length() > 0) {
+    m_nErrorCode = ERR_UNKNOWN_HANDSHAKE;
+    QVA_ERROR_TRACE(kHandshakeMethod, kProcessHandshakeWhat, m_nErrorCode, "");
+    return m_nErrorCode;
+  }
+  return m_nErrorCode = 0;
+}
+
+int CSecureTunnel::ProcessApplicationData(const ByteString& data) {
+  using namespace qva_text;
+  if (!m_pSecureManager || !m_pSocketClient) return m_nErrorCode = BS_NO_MEMORY;
+  if (m_pSecureManager->MakeApplicationData(data) >= 1)
+    return Fail(kApplicationDataMethod, kMakeApplicationDataWhat, *m_pSecureManager);
+  if (m_pSocketClient->Send(m_pSecureManager->GetOutput()) >= 1)
+    return Fail(kApplicationDataMethod, kSocketRequestWhat, *m_pSocketClient);
+  const ByteString answer = m_pSocketClient->TakeRecvData();
+  if (CheckAlert(answer) != 0) return m_nErrorCode;
+  if (m_pSecureManager->ParseApplicationData(answer) >= 1)
+    return Fail(kApplicationDataMethod, kParseApplicationDataWhat, *m_pSecureManager);
+  m_bsResponse = m_pSecureManager->TakeOutput();
+  return m_nErrorCode = 0;
+}
+
 void CSecureTunnel::Disconnect() {
   if (m_pSecureManager) {
     m_pSecureManager->Release();

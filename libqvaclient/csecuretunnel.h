@@ -4,8 +4,10 @@
 // Request runs the plain exchange: the caller's data goes out in a plain
 // record, and the answer record's data comes back through GetResponse(). An
 // alert record from the server ends the exchange with 180 and the alert's
-// text. The handshake driver and the enciphered exchange are added beside
-// Request together with the secure manager's handshake operations.
+// text. Beside it, not called by Request, stand the handshake driver
+// (ProcessHandshake) and the enciphered exchange (ProcessApplicationData)
+// that the handshake's data key protects; see CLSecureManager for how weak
+// that protection is by design.
 #pragma once
 
 #include <memory>
@@ -33,6 +35,12 @@ class CSecureTunnel : public CErrorTrace {
   // *record is neither changed nor destroyed).
   int Request(const CLEncoder& data, ByteString* record, ByteReader* answer);
   int ProcessPlainData(const CLEncoder& data, ByteString* record, ByteReader* answer);
+  // Runs the client half of the handshake on the connected socket: 0 once
+  // the manager has the data key. Every answer is tested for an alert (180).
+  int ProcessHandshake();
+  // One enciphered exchange after ProcessHandshake; 0 with the answer's
+  // plaintext in GetResponse().
+  int ProcessApplicationData(const ByteString& data);
   const ByteString& GetResponse() const { return m_bsResponse; }
   ByteString TakeResponse();
   // Releases the manager and closes the socket; harmless when repeated.
@@ -41,6 +49,8 @@ class CSecureTunnel : public CErrorTrace {
  private:
   // Fails with 180 when record is an alert; 0 otherwise.
   int CheckAlert(const ByteString& record);
+  // Records method/what over a part's code and trace; returns the code.
+  int Fail(const char* method, const char* what, const CErrorTrace& part);
 
   ByteString m_bsResponse;
   std::unique_ptr<CLSecureManager> m_pSecureManager;

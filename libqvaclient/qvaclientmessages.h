@@ -31,6 +31,12 @@ inline constexpr char kPlainDataMethod[] = "CSecureTunnel::ProcessPlainData";
 inline constexpr char kMakePlainDataWhat[] = "m_pSecureManager->MakePlainData";
 inline constexpr char kSocketSendWhat[] = "m_pSocketClient->Send fail";
 inline constexpr char kParsePlainWhat[] = "m_pSecureManager->ParsePlain";
+inline constexpr char kMakeClientHelloWhat[] = "m_pSecureManager->MakeClientHello";
+inline constexpr char kProcessHandshakeWhat[] = "m_pSecureManager->ProcessHandshake fail";
+inline constexpr char kApplicationDataMethod[] = "CSecureTunnel::ProcessApplicationData";
+inline constexpr char kMakeApplicationDataWhat[] = "m_pSecureManager->MakeApplicationData";
+inline constexpr char kSocketRequestWhat[] = "m_pSocketClient->Request fail";
+inline constexpr char kParseApplicationDataWhat[] = "m_pSecureManager->ParseApplicationData";
 
 // Socket client.
 inline constexpr char kSocketConnectMethod[] = "CSocketClient::SocketConnect";

@@ -1,7 +1,10 @@
 // Helpers for the client tests. FakeServer listens on 127.0.0.1 at an
 // ephemeral port and serves one connection per scripted answer, in order:
 // read one framed request (kept), send the answer's segments apart, close.
-// Every wait is bounded, so a test that never connects still ends.
+// Every wait is bounded, so a test that never connects still ends. The
+// conversation form serves one connection instead, answering each framed
+// request with what its callback gives (framed), until the callback says
+// stop or the peer goes.
 #pragma once
 
 #include <arpa/inet.h>
@@ -10,6 +13,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -49,8 +53,42 @@ inline void ReadUpTo(int fd, std::size_t n, std::string* out) {
   }
 }
 
+// One framed request (prefix kept) from fd; short when the peer stops.
+inline std::string ReadFrame(int fd) {
+  std::string request;
+  ReadUpTo(fd, 4, &request);
+  std::size_t n = 0;
+  for (unsigned char c : request) n = n << 8 | c;
+  if (request.size() == 4) ReadUpTo(fd, n, &request);
+  return request;
+}
+
+inline std::string Frame(const std::string& payload) {
+  std::string out(4, '\0');
+  for (int i = 0; i < 4; ++i) out[i] = static_cast<char>(payload.size() >> (24 - 8 * i));
+  return out + payload;
+}
+
+// Gets a request's payload; false to close without answering, else *reply
+// is sent framed.
+using Respond = std::function<bool(const std::string& payload, std::string* reply)>;
+
 class FakeServer {
  public:
+  explicit FakeServer(Respond respond) : m_listen(ListenLoopback(&m_port)) {
+    m_thread = std::thread([this, respond] {
+      const int fd = WaitReadable(m_listen) ? ::accept(m_listen, nullptr, nullptr) : -1;
+      if (fd < 0) return;
+      for (std::string request; (request = ReadFrame(fd)).size() >= 4;) {
+        m_requests.push_back(request);
+        std::string reply;
+        if (!respond(request.substr(4), &reply)) break;
+        reply = Frame(reply);
+        if (::send(fd, reply.data(), reply.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(reply.size())) break;
+      }
+      ::close(fd);
+    });
+  }
   explicit FakeServer(std::vector<Answer> script) : m_listen(ListenLoopback(&m_port)) {
     m_thread = std::thread([this, script] {
       for (const Answer& answer : script) {
@@ -58,12 +96,7 @@ class FakeServer {
         if (fd < 0) return;  // nobody came: stop rather than wait forever
         int on = 1;
         ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);  // segments leave one by one
-        std::string request;
-        ReadUpTo(fd, 4, &request);
-        std::size_t n = 0;
-        for (unsigned char c : request) n = n << 8 | c;
-        if (request.size() == 4) ReadUpTo(fd, n, &request);
-        m_requests.push_back(request);
+        m_requests.push_back(ReadFrame(fd));
         for (const std::string& s : answer) {
           if (&s != &answer[0]) std::this_thread::sleep_for(std::chrono::milliseconds(100));
           if (::send(fd, s.data(), s.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(s.size())) break;

@@ -7,6 +7,8 @@
 //   qva register HOST PORT ROAMINGID FILE (see client.cpp)
 //   qva cert FILE                         (see cert.cpp)
 //   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
+//   qva cms FILE [--content DATA] [--cert C] [--key K]   (see cms.cpp)
+//   qva ts FILE                           (see ts.cpp)
 //   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
@@ -24,6 +26,10 @@ int RunClientCommand(int argc, char** argv);
 int RunCertCommand(int argc, char** argv);
 // crl.cpp: the CRL printer and revocation answer.
 int RunCrlCommand(int argc, char** argv);
+// cms.cpp: CMS kinds, SignedData signers and verification.
+int RunCmsCommand(int argc, char** argv);
+// ts.cpp: time-stamp tokens.
+int RunTsCommand(int argc, char** argv);
 
 namespace {
 
@@ -37,6 +43,8 @@ int Usage(std::FILE* out = stderr, int code = 2) {
       "       qva register HOST PORT ROAMINGID FILE\n"
       "       qva cert [--verify ISSUER] FILE\n"
       "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
+      "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
+      "       qva ts FILE\n"
       "       qva --version | --help\n",
       out);
   return code;
@@ -87,6 +95,8 @@ int main(int argc, char** argv) {
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
   if (cmd == "cert") return RunCertCommand(argc, argv);
   if (cmd == "crl") return RunCrlCommand(argc, argv);
+  if (cmd == "cms") return RunCmsCommand(argc, argv);
+  if (cmd == "ts") return RunTsCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {
