@@ -173,3 +173,25 @@ TEST(QvaHelp, EveryCommandListedAndExplained) {
   EXPECT_EQ(2, qvatest::Run(Qva("help frobnicate 2>&1"), &out));
   EXPECT_EQ(out, "qva: no command frobnicate\n");
 }
+
+// On a terminal a file over 64 MiB gets a bar on stderr, one of exactly 64 MiB
+// does not; the digest is the same either way. script(1) gives the terminal.
+TEST(QvaHash, ProgressBarOnATerminalOverSixtyFourMiB) {
+  if (!qvatest::HaveTool("script") || !qvatest::HaveTool("truncate")) GTEST_FAIL() << "script or truncate missing";
+  qvatest::TempDir dir;
+  const struct {
+    long long size;
+    bool bar;
+  } kCases[] = {{64ll << 20, false}, {(64ll << 20) + 1, true}};
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.size);
+    const std::string file = dir.file("sparse" + std::to_string(c.size));
+    ASSERT_EQ(0, qvatest::Run("truncate -s " + std::to_string(c.size) + " " + file));
+    std::string out, expect;
+    ASSERT_EQ(0, qvatest::Run("script -qec '" + Qva("hash --alg sha1 ") + file + "' /dev/null", &out));
+    ASSERT_EQ(0, qvatest::Run("sha1sum " + file, &expect));
+    expect.insert(expect.size() - 1, "\r");  // the terminal ends lines with CR LF
+    EXPECT_NE(out.find(expect), std::string::npos) << expect;
+    EXPECT_EQ(out.find("] 100%") != std::string::npos, c.bar) << out.substr(0, 200);
+  }
+}
