@@ -131,7 +131,7 @@ std::string Value(int tagNo, const ByteString& element, const ByteString& conten
 
 class Dumper {
  public:
-  explicit Dumper(const ByteString& data) : m_data(data) {}
+  Dumper(const ByteString& data, std::FILE* out) : m_data(data), m_out(out) {}
 
   // Prints the elements of [begin, end) at the given depth; 0 or the offset of
   // the first refused element + 1 (so a refusal at offset 0 is not 0).
@@ -193,11 +193,12 @@ class Dumper {
         const std::string value = Value(tagNo, element, ByteString(p + hl, static_cast<int>(len)));
         if (!value.empty()) line += (value[0] == '[' ? "" : ":") + value;
       }
-      std::puts(line.c_str());
+      line += '\n';
+      std::fputs(line.c_str(), m_out);
 
       if (cons) {
         if (long bad = Walk(off + hl, off + hl + static_cast<int>(len), depth + 1)) return bad;
-        if (indefinite) std::printf("%5ld:d=%-2d hl=2 l=   0 prim: %*s%-18s\n", off + hl + len, depth + 1, depth + 1, "", "EOC");
+        if (indefinite) std::fprintf(m_out, "%5ld:d=%-2d hl=2 l=   0 prim: %*s%-18s\n", off + hl + len, depth + 1, depth + 1, "", "EOC");
       }
       off += static_cast<int>(total);
     }
@@ -206,6 +207,7 @@ class Dumper {
 
  private:
   const ByteString& m_data;
+  std::FILE* m_out;
 };
 
 // A PEM file's first block, decoded; the bytes as they are otherwise.
@@ -223,6 +225,15 @@ bool Decode(const std::string& text, ByteString* der) {
 }
 
 }  // namespace
+
+long DumpAsn1(const ByteString& der, std::FILE* out) {
+  Dumper dumper(der, out);
+  return dumper.Walk(0, der.length(), 0);
+}
+
+// The dump of every element of der to out: 0, or the offset of the first
+// element the codec refuses + 1. The fuzz target calls it too.
+long DumpAsn1(const ByteString& der, std::FILE* out);
 
 int RunAsn1Command(int argc, char** argv) {
   if (argc != 3) {
@@ -251,8 +262,7 @@ int RunAsn1Command(int argc, char** argv) {
     std::fprintf(stderr, "qva: %s is empty\n", argv[2]);
     return 2;
   }
-  Dumper dumper(der);
-  if (const long bad = dumper.Walk(0, der.length(), 0)) {
+  if (const long bad = DumpAsn1(der, stdout)) {
     std::fflush(stdout);
     std::fprintf(stderr, "qva: %s: bad element at offset %ld\n", argv[2], bad - 1);
     return 2;
