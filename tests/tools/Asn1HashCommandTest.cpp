@@ -25,8 +25,8 @@ std::vector<std::string> Structure(const std::string& dump) {
   for (std::string line; std::getline(in, line);) {
     std::smatch m;
     if (!std::regex_match(line, m, kRow)) continue;  // a value's own line break
-    std::string row = m[1].str() + " " + m[2].str() + " " + m[3].str() + " " + m[4].str() + " " + m[5].str() +
-                      " " + m[6].str();
+    std::string row =
+        m[1].str() + " " + m[2].str() + " " + m[3].str() + " " + m[4].str() + " " + m[5].str() + " " + m[6].str();
     if (m[6] == "INTEGER") row += " " + m[9].str();
     rows.push_back(row);
   }
@@ -83,7 +83,7 @@ TEST(QvaAsn1, RefusesWhatItCannotRead) {
     const char* message;
   } kCases[] = {
       {"truncated", cert.substr(0, cert.size() - 1), "bad element at offset 0"},
-      {"trailing", cert + "\x30\x05\x02\x01", "bad element at offset " },
+      {"trailing", cert + "\x30\x05\x02\x01", "bad element at offset "},
       {"four-gib", std::string("\x30\x84\xFF\xFF\xFF\xFF\x02\x01\x00", 9), "bad element at offset 0"},
       {"five-length-octets", std::string("\x04\x85\x00\x00\x00\x00\x01\x00", 8), "bad element at offset 0"},
       {"inner-past-end", std::string("\x30\x03\x02\x05\x00", 5), "bad element at offset 2"},

@@ -100,8 +100,8 @@ std::string Value(int tagNo, const ByteString& element, const ByteString& conten
         if (++reinterpret_cast<unsigned char&>(mag[i]) != 0) break;
       std::size_t skip = 0;
       while (skip + 1 < mag.size() && mag[skip] == 0) ++skip;
-      return "-" + HexUpper(reinterpret_cast<const unsigned char*>(mag.data()) + skip,
-                            static_cast<int>(mag.size() - skip));
+      return "-" +
+             HexUpper(reinterpret_cast<const unsigned char*>(mag.data()) + skip, static_cast<int>(mag.size() - skip));
     }
     case ASN1_TAG_OID: {
       ASN1ObjectIdentifier oid;
@@ -198,7 +198,10 @@ class Dumper {
 
       if (cons) {
         if (long bad = Walk(off + hl, off + hl + static_cast<int>(len), depth + 1)) return bad;
-        if (indefinite) std::fprintf(m_out, "%5ld:d=%-2d hl=2 l=   0 prim: %*s%-18s\n", off + hl + len, depth + 1, depth + 1, "", "EOC");
+        if (indefinite) {
+          std::fprintf(m_out, "%5ld:d=%-2d hl=2 l=   0 prim: %*s%-18s\n", off + hl + len, depth + 1, depth + 1, "",
+                       "EOC");
+        }
       }
       off += static_cast<int>(total);
     }

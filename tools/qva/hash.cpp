@@ -46,23 +46,20 @@ struct FileCloser {
   void operator()(std::FILE* f) const { std::fclose(f); }
 };
 
+// size is never 0 here: only files over 64 MiB get a bar.
 void DrawBar(unsigned long long done, unsigned long long size) {
+  if (done > size) done = size;  // a file that grew while read
   const int width = 40;
-  const int filled = size ? static_cast<int>(done * width / size) : width;
-  std::fprintf(stderr, "\r[%-*.*s] %3d%%", width, filled, "########################################",
-               size ? static_cast<int>(done * 100 / size) : 100);
+  std::fprintf(stderr, "\r[%-*.*s] %3d%%", width, static_cast<int>(done * width / size),
+               "########################################", static_cast<int>(done * 100 / size));
 }
 
-// The staged digest of a file, one bounded read at a time; false with a reason in *why.
-bool StagedDigest(int alg, const char* path, bool progress, ByteString* digest, std::string* why) {
+// The staged digest of a file, one bounded read at a time; false with a reason
+// in *why. A bar is drawn against barSize when it is not 0.
+bool StagedDigest(int alg, const char* path, unsigned long long barSize, ByteString* digest, std::string* why) {
   std::unique_ptr<std::FILE, FileCloser> f(std::fopen(path, "rb"));
   if (!f) return *why = std::strerror(errno), false;
-  unsigned long long size = 0;
-  if (progress && std::fseek(f.get(), 0, SEEK_END) == 0) {
-    const long end = std::ftell(f.get());
-    size = end > 0 ? static_cast<unsigned long long>(end) : 0;
-    std::rewind(f.get());
-  }
+  const bool progress = barSize != 0;
   QSHash hash;
   if (hash.DigestData_Init(alg) != 0) return *why = "digest not available", false;
   std::vector<unsigned char> buf(CLHash::kReadSize);
@@ -71,10 +68,10 @@ bool StagedDigest(int alg, const char* path, bool progress, ByteString* digest, 
     if (hash.DigestData_Update(buf.data(), static_cast<int>(got)) != 0) return *why = "digest failed", false;
     done += got;
     // Redraw once per MiB: enough to move, not enough to slow the read.
-    if (progress && (done & ((1u << 20) - 1)) < got) DrawBar(done, size);
+    if (progress && (done & ((1u << 20) - 1)) < got) DrawBar(done, barSize);
   }
   if (progress) {
-    DrawBar(size, size);
+    DrawBar(barSize, barSize);
     std::fputc('\n', stderr);
   }
   if (std::ferror(f.get())) return *why = "read error", false;
@@ -93,21 +90,25 @@ int RunHashCommand(int argc, char** argv) {
   int status = 0;
   for (int i = 4; i < argc; ++i) {
     const char* path = argv[i];
-    bool progress = false;
+    unsigned long long barSize = 0;
     if (IsTerminal(stderr)) {
       std::error_code ec;
-      progress = std::filesystem::file_size(path, ec) > kProgressFrom && !ec;
+      const auto size = std::filesystem::file_size(path, ec);
+      if (!ec && size > kProgressFrom) barSize = size;
     }
     ByteString digest;
     std::string why;
     bool ok;
-    if (alg->facade && !progress) {
+    if (alg->facade && barSize == 0) {
       CLHash hash;
       ok = hash.MakeHashBig(alg->id, path) == 0;
-      if (ok) digest = hash.GetResult();
-      else why = ForDisplay(hash.GetErrorMsg().c_str(), hash.GetErrorMsg().length());  // the trace is CP949
+      if (ok) {
+        digest = hash.GetResult();
+      } else {
+        why = ForDisplay(hash.GetErrorMsg().c_str(), hash.GetErrorMsg().length());  // the trace is CP949
+      }
     } else {
-      ok = StagedDigest(alg->id, path, progress, &digest, &why);
+      ok = StagedDigest(alg->id, path, barSize, &digest, &why);
     }
     if (!ok) {
       std::fprintf(stderr, "qva: %s: %s\n", path, why.c_str());
