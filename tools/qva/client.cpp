@@ -3,8 +3,10 @@
 //   qva verify HOST PORT ROAMINGID FIRSTITEM FILE
 //   qva register HOST PORT ROAMINGID FILE
 //
-// Prints "result: N", then the general and detail texts on failure. Exits 0
-// when the result is 0, 1 otherwise, 2 on bad arguments.
+// Goes through the library's public functions only, as an application does.
+// Prints "result: N", then the general and detail texts (converted from CP949
+// for the terminal) on failure. Exits 0 when the server accepts, 1 when its
+// verdict is against, 2 on bad arguments or a failure on the way.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,10 +15,18 @@
 #include <string>
 #include <vector>
 
+#include "base/ErrorCodes.h"
 #include "qva/qva.h"
 #include "tools/qva/platform/display.h"
 
 namespace {
+
+// The library's own failure codes (the channel, socket and message layers
+// use 100-199); anything else that is not 0 is the server's verdict.
+bool IsFailureOnTheWay(int rc) {
+  return rc == ERR_NO_MEMORY || rc == ERR_ITEM_COUNT_ZERO || rc == ERR_INVALID_ARGUMENT ||
+         (rc >= ERR_RECORD_VERSION && rc < 200);
+}
 
 void PrintText(const char* label, int (*get)(void*, char*, int*), void* client) {
   int len = 0;
@@ -54,7 +64,7 @@ int RunClientCommand(int argc, char** argv) {
   int rc = QVA_Initialize(&client, argv[2], std::atoi(argv[3]), argv[4]);
   if (rc != 0) {
     std::fprintf(stderr, "qva: QVA_Initialize failed (%d)\n", rc);
-    return 1;
+    return 2;
   }
   static const unsigned char kNothing = 0;
   const unsigned char* p = data.empty() ? &kNothing : data.data();
@@ -66,5 +76,5 @@ int RunClientCommand(int argc, char** argv) {
     PrintText("detail", QVA_GetDetailErrorMsg, client);
   }
   QVA_Release(client);
-  return rc == 0 ? 0 : 1;
+  return rc == 0 ? 0 : IsFailureOnTheWay(rc) ? 2 : 1;
 }

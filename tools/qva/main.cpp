@@ -9,6 +9,9 @@
 //   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
 //   qva cms FILE [--content DATA] [--cert C] [--key K]   (see cms.cpp)
 //   qva ts FILE                           (see ts.cpp)
+//   qva asn1 FILE                         (see asn1.cpp)
+//   qva hash --alg ALG FILE...            (see hash.cpp)
+//   qva help [COMMAND]                    (see help.cpp)
 //   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
@@ -30,12 +33,16 @@ int RunCrlCommand(int argc, char** argv);
 int RunCmsCommand(int argc, char** argv);
 // ts.cpp: time-stamp tokens.
 int RunTsCommand(int argc, char** argv);
+// asn1.cpp: the element dump.
+int RunAsn1Command(int argc, char** argv);
+// hash.cpp: file digests.
+int RunHashCommand(int argc, char** argv);
+// help.cpp: one command's part of the usage text.
+int RunHelpCommand(int argc, char** argv, const char* usage);
 
 namespace {
 
-// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
-int Usage(std::FILE* out = stderr, int code = 2) {
-  std::fputs(
+const char kUsage[] =
       "usage: qva base64 encode|decode IN OUT\n"
       "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
       "       qva hex IN\n"
@@ -45,8 +52,14 @@ int Usage(std::FILE* out = stderr, int code = 2) {
       "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
       "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
       "       qva ts FILE\n"
-      "       qva --version | --help\n",
-      out);
+      "       qva asn1 FILE\n"
+      "       qva hash --alg md5|sha1|sha256|has160 FILE...\n"
+      "       qva help [COMMAND]\n"
+      "       qva --version | --help\n";
+
+// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
+int Usage(std::FILE* out = stderr, int code = 2) {
+  std::fputs(kUsage, out);
   return code;
 }
 
@@ -90,6 +103,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
+  if (argc >= 2 && std::strcmp(argv[1], "help") == 0) return RunHelpCommand(argc, argv, kUsage);
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);
@@ -97,6 +111,8 @@ int main(int argc, char** argv) {
   if (cmd == "crl") return RunCrlCommand(argc, argv);
   if (cmd == "cms") return RunCmsCommand(argc, argv);
   if (cmd == "ts") return RunTsCommand(argc, argv);
+  if (cmd == "asn1") return RunAsn1Command(argc, argv);
+  if (cmd == "hash") return RunHashCommand(argc, argv);
   ByteString in, out;
 
   if (cmd == "hex") {

@@ -1,5 +1,6 @@
 #include <iconv.h>
 #include <langinfo.h>
+#include <unistd.h>
 
 #include <clocale>
 #include <cstring>
@@ -25,3 +26,5 @@ std::string ForDisplay(const char* p, int n) {
   out.resize(out.size() - outLeft);
   return out;
 }
+
+bool IsTerminal(std::FILE* stream) { return ::isatty(::fileno(stream)) == 1; }
