@@ -1,8 +1,8 @@
-import socket, sys, threading
 # Loopback relay used to capture the traffic shown in docs/protocol.md:
 #   python3 relay.py LISTEN_PORT SERVER_PORT LOGFILE
 # accepts one client on 127.0.0.1, forwards both ways to the server, and
 # writes each forwarded chunk as "C>S hex" or "S>C hex".
+import socket, sys, threading
 lport, rport, log = int(sys.argv[1]), int(sys.argv[2]), sys.argv[3]
 s = socket.socket(); s.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
 s.bind(("127.0.0.1", lport)); s.listen(1)
