@@ -30,14 +30,14 @@
  * |------|---------|
  * | 0    | success; for a request, the server accepted it |
  * | 1    | the handle could not be allocated; or the connection was not ready within 2 seconds of connecting |
- * | 120, 130 | the server's answer record (alert, plain) was malformed |
+ * | 130  | the server's plain answer record was malformed (its data length against its size) |
  * | 150  | the answer could not be received (also a receive timeout, see @ref qva_timeouts) |
  * | 151  | no memory for the answer |
  * | 152  | the request could not be sent (also a send timeout) |
  * | 154  | the server's address could not be resolved |
  * | 155  | the connection to the server failed |
  * | 180  | the server answered with an alert (its text is in the detail text) |
- * | 190, 191 | the server's answer envelope was missing or malformed (a malformed one is also written to ./wrongRoamingMessage.txt) |
+ * | 191  | the server's answer envelope was empty or malformed (a malformed one is also written to ./wrongRoamingMessage.txt); a malformed alert record still reports 180 |
  * | 301  | the server's answer held no result |
  * | 2000 | a required pointer argument was null, or a text buffer was too small |
  * | other | the server's own result for a refused request (its explanation is the detail text), or a code of a lower layer passed through unchanged |
