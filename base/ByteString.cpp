@@ -33,8 +33,6 @@ int TextLength(const char* text) {
 
 }  // namespace
 
-ByteString::ByteString() : m_nLength(0), m_pBuffer(nullptr), m_nStatus(BS_OK) {}
-
 ByteString::ByteString(const char* text) : ByteString() {
   if (text) m_nStatus = setData(text, TextLength(text));
 }
@@ -50,8 +48,6 @@ ByteString::ByteString(ByteString&& other) noexcept
   other.m_nLength = 0;
   other.m_pBuffer = nullptr;
 }
-
-ByteString::~ByteString() { std::free(m_pBuffer); }
 
 int ByteString::setData(const void* p, int n) {
   if (!p || n < 0) {

@@ -10,6 +10,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 // Status codes recorded by ByteString operations.
 constexpr int BS_OK = 0;
@@ -29,13 +30,14 @@ constexpr int BS_FORMAT_MAX = 2047;
 
 class ByteString {
  public:
-  ByteString();
+  // Construction and destruction are inline: every decoded value holds several.
+  ByteString() : m_nLength(0), m_pBuffer(nullptr), m_nStatus(BS_OK) {}
   ByteString(const char* text);  // NOLINT: implicit from a text by design
   ByteString(const void* p, int n);
   ByteString(const ByteString& other);
   // Moving takes the buffer over; the source is left empty (buffer null).
   ByteString(ByteString&& other) noexcept;
-  virtual ~ByteString();
+  virtual ~ByteString() { std::free(m_pBuffer); }
 
   // Stores n bytes from p. A null p or negative n leaves the string empty and
   // returns 0; an allocation failure leaves it empty and returns 2.

@@ -51,16 +51,6 @@ constexpr LengthCodes kInnerCodes = {9, 10, 11, 12};
 
 }  // namespace
 
-ASN1Object::ASN1Object()
-    : m_ucPrimitiveTag(ASN1_TAG_NONE),
-      m_ucTaggedType(ASN1_UNTAGGED),
-      m_nOptionTagNo(-1),
-      m_ucTagClass(ASN1_CLASS_UNIVERSAL),
-      m_nErrorCode(0),
-      m_ucConstructed(0) {}
-
-ASN1Object::~ASN1Object() { wipeSecret(); }
-
 void ASN1Object::wipeSecret() {
   if (!m_bSecret) return;
   m_bsValue.zeroize();

@@ -54,8 +54,17 @@ constexpr unsigned char ASN1_CONSTRUCTED = 0x20;
 
 class ASN1Object {
  public:
-  ASN1Object();
-  virtual ~ASN1Object();
+  // Inline: a decode constructs one per component.
+  ASN1Object()
+      : m_ucPrimitiveTag(ASN1_TAG_NONE),
+        m_ucTaggedType(ASN1_UNTAGGED),
+        m_nOptionTagNo(-1),
+        m_ucTagClass(ASN1_CLASS_UNIVERSAL),
+        m_nErrorCode(0),
+        m_ucConstructed(0) {}
+  virtual ~ASN1Object() {
+    if (m_bSecret) wipeSecret();
+  }
   ASN1Object(const ASN1Object&) = default;
   ASN1Object& operator=(const ASN1Object& other);
   ASN1Object(ASN1Object&&) = default;

@@ -15,14 +15,6 @@ constexpr int kGrowBy = 20;
 
 }  // namespace
 
-ASN1Sequence::ASN1Sequence() : ASN1Sequence(ASN1_TAG_SEQUENCE) {}
-
-ASN1Sequence::ASN1Sequence(unsigned char ucTag) : m_nComponentCount(0), m_nComponentCapacity(0) {
-  m_ucPrimitiveTag = ucTag;
-}
-
-ASN1Sequence::~ASN1Sequence() = default;
-
 ASN1Sequence::ASN1Sequence(const ASN1Sequence& other)
     : ASN1Object(other),
       m_nComponentCount(0),

@@ -24,8 +24,8 @@ class ASN1Sequence : public ASN1Object {
     int nTagKey;  // tag number of a tagged component, minus the universal tag otherwise
   };
 
-  ASN1Sequence();
-  ~ASN1Sequence() override;
+  ASN1Sequence() : ASN1Sequence(ASN1_TAG_SEQUENCE) {}
+  ~ASN1Sequence() override = default;
   ASN1Sequence(const ASN1Sequence& other);
   ASN1Sequence& operator=(const ASN1Sequence& other);
   ASN1Sequence(ASN1Sequence&& other) noexcept;
@@ -78,7 +78,7 @@ class ASN1Sequence : public ASN1Object {
   void removeAllComponents();
 
  protected:
-  ASN1Sequence(unsigned char ucTag);
+  ASN1Sequence(unsigned char ucTag) : m_nComponentCount(0), m_nComponentCapacity(0) { m_ucPrimitiveTag = ucTag; }
   int afterSetValue() override;
   // Decoding shared with ASN1Set: the outer element, the tag check with
   // szTagFormat, then the component table.

@@ -147,8 +147,6 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   return true;
 }
 
-RObject::RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
-
 int RObject::failAt(const RSchema* schema, const char* method, const char* field, int code, const char* message) {
   const char* cls = schema ? schema->cls : className();
   return fail(schema ? schema->file : __FILE__, schema ? schema->line : __LINE__, cls, method, field, code,

@@ -93,7 +93,7 @@ class RObject : public ASN1Object {
   }
 
  protected:
-  explicit RObject(unsigned char ucTag);
+  explicit RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
 
   // Records a failure of this class: the trace line names the class, the
   // method and the field, and chains `message` after it.
