@@ -1,42 +1,16 @@
 #include "tools/qva/cms_enveloped.h"
 
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "ZENALib/QSProcess/PEnvelopedDataProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
-#include "base/QSBase.h"
 #include "tools/qva/platform/display.h"
 
-namespace {
+// cms.cpp: DER, or PEM/Base64 text.
+bool ReadDerOrText(const char* path, ByteString* out);
 
-// DER as it is, or the Base64 inside PEM text (lines of "-----" dropped).
-bool ReadKeyOrCert(const char* path, ByteString* out) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
-    std::fprintf(stderr, "qva: cannot read %s\n", path);
-    return false;
-  }
-  std::ostringstream ss;
-  ss << in.rdbuf();
-  const std::string s = ss.str();
-  if (!s.empty() && static_cast<unsigned char>(s[0]) == 0x30) return out->setData(s.data(), static_cast<int>(s.size())) == 0;
-  std::string b64, line;
-  std::istringstream lines(s);
-  while (std::getline(lines, line)) {
-    if (line.rfind("-----", 0) == 0) continue;
-    for (char c : line) {
-      if (c != '\r' && c != ' ') b64 += c;
-    }
-  }
-  if (b64.empty() || QSBase::base64Decode(ByteString(b64.c_str()), out) != 0 || out->length() == 0) {
-    std::fprintf(stderr, "qva: %s: neither DER nor PEM\n", path);
-    return false;
-  }
-  return true;
-}
+namespace {
 
 std::string Hex(const ByteString& bs) {
   std::string out;
@@ -137,7 +111,7 @@ int PrintEnvelopedData(const ByteString& der, const char* certPath, const char* 
   if (!certPath || !keyPath) return 0;
 
   ByteString cert, key, content;
-  if (!ReadKeyOrCert(certPath, &cert) || !ReadKeyOrCert(keyPath, &key)) return 2;
+  if (!ReadDerOrText(certPath, &cert) || !ReadDerOrText(keyPath, &key)) return 2;
   const int rc = proc.setRecipientIdentifier(cert) ? proc.getErrorCode() : proc.parseEnvelopedData(der, key);
   key.zeroize();
   if (rc || proc.getContent(content) != 0) {
