@@ -7,6 +7,7 @@ packages=(
   cmake ninja-build g++ clang libclang-rt-14-dev ccache python3
   libssl-dev openssl libgtest-dev libgmock-dev libbenchmark-dev
   rhash binutils libc-bin
+  pkg-config dpkg-dev file
 )
 if [ "${QVA_WITH_MINGW:-0}" = 1 ]; then
   packages+=(g++-mingw-w64-i686-posix)

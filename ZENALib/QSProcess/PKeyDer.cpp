@@ -1,16 +1,26 @@
 #include "ZENALib/QSProcess/PKeyDer.h"
 
-#include "ZENALib/ASN1Pkix/RObject.h"
-
 namespace pkeyder {
 
+// DER only: a low tag number (the key and certificate outlines use no
+// other) and a definite length of at most four octets; every count is
+// checked against what is left, so nothing is read past n.
 bool Read(const unsigned char* p, int n, Element* out) {
-  RElementHeader h;
-  if (RReadHeader(p, n, &h) != 0 || h.contentLength < 0 || h.totalLength > n) return false;
+  if (!p || n < 2 || (p[0] & 0x1F) == 0x1F) return false;
+  int header = 2;
+  unsigned int length = p[1];
+  if (length & 0x80) {
+    const int octets = static_cast<int>(length & 0x7F);
+    if (octets < 1 || octets > 4 || n < 2 + octets) return false;
+    length = 0;
+    for (int i = 0; i < octets; ++i) length = (length << 8) | p[2 + i];
+    header += octets;
+  }
+  if (length > static_cast<unsigned int>(n - header)) return false;
   out->p = p;
-  out->n = h.totalLength;
-  out->header = h.headerLength;
-  out->first = h.first;
+  out->n = header + static_cast<int>(length);
+  out->header = header;
+  out->first = p[0];
   return true;
 }
 

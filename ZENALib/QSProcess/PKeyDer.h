@@ -17,8 +17,8 @@ struct Element {
   int contentLength() const { return n - header; }
 };
 
-// The element at (p, n), definite length only; false when it is malformed
-// or runs past n.
+// The element at (p, n): low tag number, definite length; false when it is
+// malformed or runs past n.
 bool Read(const unsigned char* p, int n, Element* out);
 // The components of a constructed element, at most nMax of them; the count,
 // or -1 when the contents do not split into whole elements.

@@ -9,6 +9,7 @@
 //   qva crl FILE [--issuer CERT] [--serial HEX] (see crl.cpp)
 //   qva cms FILE [--content DATA] [--cert C] [--key K]   (see cms.cpp)
 //   qva ts FILE                           (see ts.cpp)
+//   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -32,7 +33,8 @@ int RunTsCommand(int argc, char** argv);
 
 namespace {
 
-int Usage() {
+// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
+int Usage(std::FILE* out = stderr, int code = 2) {
   std::fputs(
       "usage: qva base64 encode|decode IN OUT\n"
       "       qva pem encode|decode TYPE IN OUT   TYPE: 1-9, or cert, rsakey, key, enckey, crl, pkcs7, req\n"
@@ -42,9 +44,10 @@ int Usage() {
       "       qva cert [--verify ISSUER] FILE\n"
       "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
       "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
-      "       qva ts FILE\n",
-      stderr);
-  return 2;
+      "       qva ts FILE\n"
+      "       qva --version | --help\n",
+      out);
+  return code;
 }
 
 bool ReadAll(const char* path, ByteString* out) {
@@ -82,6 +85,11 @@ int Fail(const char* what, int code) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::printf("qva %s\n", QVA_VERSION);
+    return 0;
+  }
+  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);

@@ -1,6 +1,7 @@
 // qva-server: a reference validation server for trying the client out.
 //
 //   qva-server [--port P] [--count N] [--idle-timeout S] [--result CODE --detail TEXT] [--alert TEXT]
+//   qva-server --version | --help
 //
 // Listens on 127.0.0.1 (port 0 picks a free one; the chosen port is printed
 // as "listening on 127.0.0.1:PORT"), serves one connection at a time: reads
@@ -43,12 +44,14 @@ struct Options {
   std::string alertText;
 };
 
-int Usage() {
+// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
+int Usage(std::FILE* out = stderr, int code = 2) {
   std::fputs(
       "usage: qva-server [--port P] [--count N] [--idle-timeout S] [--result CODE [--detail TEXT]] "
-      "[--alert TEXT]\n",
-      stderr);
-  return 2;
+      "[--alert TEXT]\n"
+      "       qva-server --version | --help\n",
+      out);
+  return code;
 }
 
 bool ParseOptions(int argc, char** argv, Options* o) {
@@ -170,6 +173,11 @@ void Serve(const Options& o, int fd) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::printf("qva-server %s\n", QVA_VERSION);
+    return 0;
+  }
+  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
   Options o;
   if (!ParseOptions(argc, argv, &o)) return Usage();
 

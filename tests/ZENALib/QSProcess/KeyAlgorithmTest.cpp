@@ -78,6 +78,31 @@ TEST(KeyAlgorithm, PrivateKeyCodes) {
   }
 }
 
+TEST(KeyAlgorithm, PublicKeyCodes) {
+  qvatest::TempDir dir;
+  for (auto r : processtest::Vectors("public_key_algorithm.txt")) {
+    SCOPED_TRACE(r["Key"] + " hash " + r["Hash"]);
+    ByteString pkcs8, spki;
+    if (r["Key"] == "kcdsa") {
+      PGenKeyPair gen;
+      ASSERT_EQ(gen.makeKeyPairWithGeneratedKey(7032, TtakDomain(), pkcs8, spki), 0) << Str(gen.getErrorMessage());
+    } else {
+      MustRun("openssl genpkey " + r["Key"] + " -out " + dir.file("k.pem"));
+      MustRun("openssl pkey -in " + dir.file("k.pem") + " -pubout -outform DER -out " + dir.file("k.pub"));
+      spki = qvatest::ReadFileBs(dir.file("k.pub"));
+    }
+    PPublicKey pk;
+    int alg = 0;
+    const int rc = pk.GetPublicKeyAlgorithm(spki, Num(r, "Hash"), &alg);
+    EXPECT_EQ(rc, Num(r, "Code")) << Str(pk.getErrorMessage());
+    if (rc == 0) {
+      EXPECT_EQ(alg, Num(r, "Out"));
+    } else {
+      EXPECT_TRUE(cryptotest::TraceTail(pk.getErrorMessage(), "PPublicKey.cpp", r["Tail"]));
+    }
+  }
+}
+
 // Key pairs of every family: openssl accepts the private keys, and a
 // signature made with the core's key verifies with the wrapped public key.
 TEST(KeyAlgorithm, GeneratedKeyPairs) {
