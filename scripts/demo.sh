@@ -16,10 +16,10 @@ openssl req -x509 -newkey rsa:2048 -nodes -keyout "$work/key.pem" -out "$work/ce
 "$bin/qva" pem decode cert "$work/cert.pem" "$work/cert.der"
 echo "certificate: $(stat -c %s "$work/cert.der") bytes of DER"
 
-if [ -x "$bin/qva-server" ]; then
+if [ -x build/tests/libqvaclient/qva-scripted-server ]; then
   # start_server ARGS...: runs the server on a free port and sets $port.
   start_server() {
-    "$bin/qva-server" --port 0 --idle-timeout 10 "$@" >"$work/server.log" 2>&1 &
+    build/tests/libqvaclient/qva-scripted-server --port 0 --idle-timeout 10 "$@" >"$work/server.log" 2>&1 &
     server=$!
     for _ in $(seq 100); do
       port=$(sed -n 's/^listening on 127.0.0.1:\([0-9]*\).*/\1/p' "$work/server.log")
