@@ -78,7 +78,7 @@ issue() {
 }
 
 crl() {
-  openssl ca -config "$1.cnf" -gencrl -crldays 36500 -out "$dir/crls/$1.crl" 2>/dev/null
+  openssl ca -config "$1.cnf" -gencrl -crldays 3650 -out "$dir/crls/$1.crl" 2>/dev/null
 }
 
 # The root and the other, unrelated root.
