@@ -30,6 +30,8 @@ int RunCrlCommand(int argc, char** argv);
 int RunCmsCommand(int argc, char** argv);
 // ts.cpp: time-stamp tokens.
 int RunTsCommand(int argc, char** argv);
+// demo.cpp: a demo PKI, the server and a table of verdicts.
+int RunDemoCommand(int argc, char** argv);
 
 namespace {
 
@@ -45,6 +47,7 @@ int Usage(std::FILE* out = stderr, int code = 2) {
       "       qva crl FILE [--issuer CERT] [--serial HEX]\n"
       "       qva cms FILE [--content DATA] [--cert C] [--key K]\n"
       "       qva ts FILE\n"
+      "       qva demo\n"
       "       qva --version | --help\n",
       out);
   return code;
@@ -90,6 +93,10 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
+#ifndef _WIN32
+  // The demo starts the server, which the Windows build does not have.
+  if (argc == 2 && std::strcmp(argv[1], "demo") == 0) return RunDemoCommand(argc, argv);
+#endif
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);

@@ -242,7 +242,10 @@ bool ParseTime(const std::string& text, std::time_t* out) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"qva-server: validates certificates for the qva client library"};
+  CLI::App app;
+  app.name("qva-server");
+  // Each option and its text on one line: the help is read by people and by the manual page check.
+  app.get_formatter()->column_width(56);
   std::string listen = "127.0.0.1";
   int port = 0;
   qvaserver::ValidatorConfig config;
