@@ -15,6 +15,7 @@ TEST(DemoCommand, EveryVerdictAsExpectedWithConvertedTexts) {
     const char* text;
   } rows[] = {
       {"valid RSA-2048 leaf", "0        0", nullptr},
+      {"valid KCDSA-2048 leaf", "0        0", nullptr},
       {"expired in 2021", "5007     5007", "유효기간이 만료된 인증서입니다. / a certificate on the path has expired"},
       {"revoked (keyCompromise)", "5008     5008", "폐지된 인증서입니다. / a certificate on the path is revoked"},
       {"policy 1.2.410.200.1.2", "5010     5010", "허용되지 않는 인증서 정책입니다. / certificate policy not accepted"},

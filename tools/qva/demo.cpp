@@ -1,6 +1,7 @@
 // qva demo: a whole validation run on this machine. Makes a demo PKI in a
 // temporary folder (the openssl CLI issues the certificates and the CRLs: the
-// toolkit reads and verifies them but has no certificate issuer), starts
+// toolkit reads and verifies them but has no certificate issuer; the KCDSA
+// key, which openssl does not know, comes from the toolkit), starts
 // qva-server on 127.0.0.1 with a free port, asks it about each leaf and one
 // registration through the client library, prints a table and stops the
 // server. Exit status 0 only when every verdict is the expected one.
@@ -16,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "ZENALib/QSProcess/PGenKeyPair.h"
 #include "qva/qva.h"
 #include "tools/qva/platform/display.h"
 
@@ -23,7 +25,7 @@ namespace {
 
 // The demo PKI: a root, an intermediate with its CRL (one leaf revoked), and
 // leaves that are valid, expired, revoked and of a policy the server does not
-// accept. Certificates in DIR/leaves, trust material in DIR/anchors,
+// accept, and one that gets a KCDSA key afterwards. Certificates in DIR/leaves, trust material in DIR/anchors,
 // DIR/intermediates, DIR/crls.
 const char kMakePki[] = R"SH(set -eu
 dir=$1
@@ -62,13 +64,84 @@ issue intermediate valid leaf
 issue intermediate expired leaf 20200101000000Z 20210101000000Z
 issue intermediate revoked leaf
 issue intermediate policy other
+issue intermediate kcdsa leaf
 openssl ca -config intermediate.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 openssl ca -config root.cnf -gencrl -crldays 30 -out "$dir/crls/root.crl" 2>/dev/null
 openssl ca -config intermediate.cnf -gencrl -crldays 30 -out "$dir/crls/intermediate.crl" 2>/dev/null
 cp root.pem "$dir/anchors/"
 cp intermediate.pem "$dir/intermediates/"
-for l in valid expired revoked policy; do openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"; done
+for l in valid expired revoked policy kcdsa; do openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"; done
 )SH";
+
+// The DER element at s[at]: *header its header length; the whole length,
+// or 0 when it does not fit in s.
+std::size_t Element(const std::string& s, std::size_t at, std::size_t* header) {
+  if (at + 2 > s.size()) return 0;
+  std::size_t len = static_cast<unsigned char>(s[at + 1]);
+  *header = 2;
+  if (len & 0x80) {
+    const std::size_t count = len & 0x7f;
+    if (count == 0 || count > 4 || at + 2 + count > s.size()) return 0;
+    len = 0;
+    for (std::size_t i = 0; i < count; ++i) len = (len << 8) | static_cast<unsigned char>(s[at + 2 + i]);
+    *header += count;
+  }
+  return at + *header + len <= s.size() ? *header + len : 0;
+}
+
+std::string Wrap(char tag, const std::string& content) {
+  std::string len;
+  std::size_t n = content.size();
+  if (n < 0x80) {
+    len = std::string(1, static_cast<char>(n));
+  } else {
+    while (n) {
+      len.insert(len.begin(), static_cast<char>(n & 0xff));
+      n >>= 8;
+    }
+    len.insert(len.begin(), static_cast<char>(0x80 | len.size()));
+  }
+  return std::string(1, tag) + len + content;
+}
+
+std::string ReadAll(const std::string& path);
+
+// The leaf "kcdsa" made by openssl with an RSA key gets a KCDSA key from the
+// toolkit in its place; the intermediate signs the changed TBSCertificate
+// again (openssl dgst, SHA-256 with RSA as the original signature says).
+bool MakeKcdsaLeaf(const std::string& dir) {
+  PGenKeyPair gen;
+  ByteString privateKey, spki;
+  if (gen.makeKeyPairWithGeneratedKey(7033, ByteString(), privateKey, spki) != 0) return false;
+  const std::string cert = ReadAll(dir + "/leaves/kcdsa.der");
+  std::size_t h = 0, th = 0;
+  if (Element(cert, 0, &h) != cert.size() || cert.empty()) return false;
+  const std::size_t tbsLen = Element(cert, h, &th);
+  if (tbsLen == 0) return false;
+  const std::size_t algAt = h + tbsLen;
+  std::size_t ah = 0;
+  const std::size_t algLen = Element(cert, algAt, &ah);
+  if (algLen == 0) return false;
+  // TBSCertificate: [0] version, serial, signature, issuer, validity, subject, subjectPublicKeyInfo, ...
+  std::string tbs;
+  std::size_t at = h + th;
+  for (int i = 0; at < h + tbsLen; ++i) {
+    std::size_t eh = 0;
+    const std::size_t n = Element(cert, at, &eh);
+    if (n == 0) return false;
+    tbs += i == 6 ? std::string(spki.c_str(), static_cast<std::size_t>(spki.length())) : cert.substr(at, n);
+    at += n;
+  }
+  tbs = Wrap(0x30, tbs);
+  std::ofstream(dir + "/ca/kcdsa.tbs", std::ios::binary) << tbs;
+  const std::string sign = "openssl dgst -sha256 -sign '" + dir + "/ca/intermediate.key' -out '" + dir +
+                           "/ca/kcdsa.sig' '" + dir + "/ca/kcdsa.tbs'";
+  if (std::system(sign.c_str()) != 0) return false;
+  const std::string sig = ReadAll(dir + "/ca/kcdsa.sig");
+  std::ofstream(dir + "/leaves/kcdsa.der", std::ios::binary)
+      << Wrap(0x30, tbs + cert.substr(algAt, algLen) + Wrap(0x03, std::string(1, '\0') + sig));
+  return !sig.empty();
+}
 
 std::string ReadAll(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
@@ -120,6 +193,10 @@ int RunDemoCommand(int, char**) {
     std::fprintf(stderr, "qva demo: the demo PKI could not be made (is the openssl CLI installed?)\n");
     return 2;
   }
+  if (!MakeKcdsaLeaf(dir)) {
+    std::fprintf(stderr, "qva demo: the KCDSA leaf could not be made\n");
+    return 2;
+  }
 
   int fds[2];
   if (::pipe(fds) != 0) return 2;
@@ -146,6 +223,7 @@ int RunDemoCommand(int, char**) {
   std::printf("qva-server listening on 127.0.0.1:%d\n\n", port);
 
   std::vector<Row> rows = {{"valid", "valid RSA-2048 leaf", false, 0, -1, ""},
+                           {"kcdsa", "valid KCDSA-2048 leaf", false, 0, -1, ""},
                            {"expired", "expired in 2021", false, 5007, -1, ""},
                            {"revoked", "revoked (keyCompromise)", false, 5008, -1, ""},
                            {"policy", "policy 1.2.410.200.1.2", false, 5010, -1, ""},
