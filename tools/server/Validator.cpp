@@ -4,10 +4,13 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 
+#include "ZENALib/ASN1Pkix/RGeneralNames.h"
+#include "ZENALib/ASN1Pkix/RNameConstraints.h"
 #include "ZENALib/ASN1Pkix/RSubjectPublicKeyInfo.h"
 #include "ZENALib/QSProcess/PCertListProcess.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
@@ -165,6 +168,73 @@ std::int64_t Seconds(const RTime& t) {
   return t.isUtcTime() ? t.getUtcTime().getGMTTime() : t.getGeneralTime().getGMTTime();
 }
 
+// True when the name `base` is an initial run of the RDNs of `name`.
+bool WithinDirectory(RRDNSequence& base, RRDNSequence& name) {
+  if (base.getCount() > name.getCount()) return false;
+  for (int i = 0; i < base.getCount(); ++i)
+    if (base.getAt(i)->toASN1Object() != name.getAt(i)->toASN1Object()) return false;
+  return true;
+}
+
+std::string Lower(std::string s) {
+  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return s;
+}
+
+// True when the host name is the constraint's domain or a name below it.
+bool WithinDns(const std::string& base, const std::string& host) {
+  const std::string b = Lower(base), h = Lower(host);
+  if (b.empty()) return true;
+  if (h == b) return true;
+  if (b[0] == '.') return h.size() > b.size() && h.compare(h.size() - b.size(), b.size(), b) == 0;
+  return h.size() > b.size() && h.compare(h.size() - b.size(), b.size(), b) == 0 && h[h.size() - b.size() - 1] == '.';
+}
+
+// The directory-name and DNS-name parts of a CA's nameConstraints, applied to
+// the subject and the dNSName alternative names of a certificate below it.
+// Other name forms in the constraints are not evaluated.
+bool MeetsNameConstraints(RNameConstraints& nc, PCertUtil& cert) {
+  RRDNSequence subject;
+  if (cert.getSubject(&subject) != 0) return false;
+  std::vector<std::string> hosts;
+  RGeneralNames alt;
+  if (cert.getSubjectAltNames(&alt) == 0)
+    for (int i = 0; i < alt.getCount(); ++i)
+      if (alt.getAt(i)->isDNSName()) hosts.push_back(Text(alt.getAt(i)->getDNSName().getValue()));
+  if (nc.hasExcludedSubtrees()) {
+    RGeneralSubtrees& ex = nc.getExcludedSubtrees();
+    for (int i = 0; i < ex.getCount(); ++i) {
+      RGeneralName& base = ex.getAt(i)->getBase();
+      if (base.isDirectoryName() && subject.getCount() > 0 && WithinDirectory(base.getDirectoryName(), subject))
+        return false;
+      if (base.isDNSName())
+        for (const std::string& h : hosts)
+          if (WithinDns(Text(base.getDNSName().getValue()), h)) return false;
+    }
+  }
+  if (nc.hasPermittedSubtrees()) {
+    RGeneralSubtrees& per = nc.getPermittedSubtrees();
+    bool anyDir = false, dirOk = false, anyDns = false;
+    std::vector<bool> hostOk(hosts.size(), false);
+    for (int i = 0; i < per.getCount(); ++i) {
+      RGeneralName& base = per.getAt(i)->getBase();
+      if (base.isDirectoryName()) {
+        anyDir = true;
+        dirOk = dirOk || WithinDirectory(base.getDirectoryName(), subject);
+      } else if (base.isDNSName()) {
+        anyDns = true;
+        for (std::size_t h = 0; h < hosts.size(); ++h)
+          hostOk[h] = hostOk[h] || WithinDns(Text(base.getDNSName().getValue()), hosts[h]);
+      }
+    }
+    if (anyDir && subject.getCount() > 0 && !dirOk) return false;
+    if (anyDns)
+      for (bool ok : hostOk)
+        if (!ok) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 Validator::Validator() = default;
@@ -307,6 +377,16 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
     int pathLen = 0;
     if (ca.getBasicConstraints_pathLenConstraint(&pathLen) == 0 && static_cast<int>(i) - 1 > pathLen)
       return {kPathConstraints, Text(path[i]->subject) + " allows " + std::to_string(pathLen) + " CA(s) below it"};
+    RNameConstraints nc;
+    if (ca.getNameConstraints(&nc) == 0) {
+      // Self-issued intermediates are not subject to the names of the CAs above them.
+      for (std::size_t j = 0; j < i; ++j) {
+        if (j > 0 && path[j]->subject == path[j]->issuer) continue;
+        if (!MeetsNameConstraints(nc, *utils[j]))
+          return {kPathConstraints, Text(path[j]->subject) + " is outside the names " + Text(path[i]->subject) +
+                                        " may certify"};
+      }
+    }
   }
   // Revocation of every certificate below the anchor.
   if (!config_.crlDir.empty()) {

@@ -5,7 +5,7 @@
 #                      keyCertSign), int-pl0.pem (pathlen 0), sub.pem (below
 #                      int-pl0), int-ed.pem (Ed25519 key)
 #   DIR/crls           root.crl, int.crl (revokes revoked.pem), int-ku.crl,
-#                      int-pl0.crl, sub.crl
+#                      int-pl0.crl, sub.crl, int-nc.crl
 #   DIR/leaves         one certificate per case, named after its expected verdict
 # Leaves carry the policy 1.2.410.200.1.1 except policy.pem (1.2.410.200.1.2).
 set -euo pipefail
@@ -28,6 +28,22 @@ keyUsage = critical,cRLSign,digitalSignature
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature,nonRepudiation
 certificatePolicies = 1.2.410.200.1.1
+[ca_nc]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+nameConstraints = critical,permitted;DNS:good.example,excluded;dirName:nc_excluded
+[nc_excluded]
+CN = nc-name
+[leaf_dns_good]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+subjectAltName = DNS:www.good.example
+[leaf_dns_bad]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+subjectAltName = DNS:www.bad.example
 [leaf_policy]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -94,9 +110,10 @@ issue root int ca
 issue root int2 ca
 issue root int-ku ca_ku
 issue root int-pl0 ca_pl0
+issue root int-nc ca_nc
 key int-ed ed25519
 issue root int-ed ca
-for c in int int2 int-ku int-pl0 int-ed; do ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"; done
+for c in int int2 int-ku int-pl0 int-ed int-nc; do ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"; done
 issue int-pl0 sub ca
 ca_conf sub
 cp sub.pem "$dir/intermediates/"
@@ -111,10 +128,13 @@ issue int-ku keyusage leaf
 issue sub pathlen leaf
 issue int-ed algorithm leaf
 issue other-root untrusted leaf
+issue int-nc nc-ok leaf_dns_good
+issue int-nc nc-dns leaf_dns_bad
+issue int-nc nc-name leaf_dns_good
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
-for c in root int int-ku int-pl0 sub; do crl "$c"; done
-for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted; do
+for c in root int int-ku int-pl0 sub int-nc; do crl "$c"; done
+for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
