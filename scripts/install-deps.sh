@@ -8,6 +8,7 @@ packages=(
   libssl-dev openssl libgtest-dev libgmock-dev libbenchmark-dev
   rhash binutils libc-bin
   pkg-config dpkg-dev file
+  libasio-dev libcli11-dev libsqlite3-dev
 )
 if [ "${QVA_WITH_MINGW:-0}" = 1 ]; then
   packages+=(g++-mingw-w64-i686-posix)

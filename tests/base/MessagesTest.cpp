@@ -28,6 +28,20 @@ const std::map<std::string, const char*> kCompiled = {
     {"kCertExpired", qva_msg::kCertExpired},
     {"kNotInValidityAtDate", qva_msg::kNotInValidityAtDate},
     {"kCrlNotFromIssuer", qva_msg::kCrlNotFromIssuer},
+    {"kSrvMalformedRequest", qva_msg::kSrvMalformedRequest},
+    {"kSrvUnknownKind", qva_msg::kSrvUnknownKind},
+    {"kSrvUnparsableCert", qva_msg::kSrvUnparsableCert},
+    {"kSrvUntrustedIssuer", qva_msg::kSrvUntrustedIssuer},
+    {"kSrvBadSignature", qva_msg::kSrvBadSignature},
+    {"kSrvNotYetValid", qva_msg::kSrvNotYetValid},
+    {"kSrvExpired", qva_msg::kSrvExpired},
+    {"kSrvRevoked", qva_msg::kSrvRevoked},
+    {"kSrvRevocationUnknown", qva_msg::kSrvRevocationUnknown},
+    {"kSrvPolicyNotAccepted", qva_msg::kSrvPolicyNotAccepted},
+    {"kSrvKeyUsage", qva_msg::kSrvKeyUsage},
+    {"kSrvPathConstraints", qva_msg::kSrvPathConstraints},
+    {"kSrvUnsupportedAlgorithm", qva_msg::kSrvUnsupportedAlgorithm},
+    {"kSrvInternalError", qva_msg::kSrvInternalError},
 };
 
 }  // namespace

@@ -6,10 +6,10 @@
 #include "qva/qva.h"
 #include "tests/libqvaclient/FakeServer.h"
 
-// The reference server answers the library's requests: result 0 for a
+// The scripted server answers the library's requests: result 0 for a
 // request with data, 1 with "empty data" without, then stops by itself.
 TEST(ServerTool, AnswersValidationAndRegistrationRequests) {
-  FILE* server = popen(QVA_SERVER " --port 0 --count 3 --idle-timeout 10", "r");
+  FILE* server = popen(QVA_SCRIPTED_SERVER " --port 0 --count 3 --idle-timeout 10", "r");
   ASSERT_NE(server, nullptr);
   int port = 0;
   ASSERT_EQ(std::fscanf(server, "listening on 127.0.0.1:%d", &port), 1);

@@ -33,6 +33,9 @@ const Topic kTopics[] = {
      "Prints \"HEX  FILE\" for each FILE. A progress bar appears on stderr, when it is a terminal,\n"
      "for files over 64 MiB. Exit status 0, 2 when a file cannot be read.\n"},
     {"help", "Prints the usage of every command, or of one COMMAND.\n"},
+    {"demo",
+     "Makes a demo PKI, starts qva-server on 127.0.0.1, verifies each demo certificate and\n"
+     "registers one through the library, and prints a table of expected and received verdicts.\n"},
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 //   qva asn1 FILE                         (see asn1.cpp)
 //   qva hash --alg ALG FILE...            (see hash.cpp)
 //   qva help [COMMAND]                    (see help.cpp)
+//   qva demo                              (see demo.cpp)
 //   qva --version | --help
 #include <cstdio>
 #include <cstdlib>
@@ -39,6 +40,8 @@ int RunAsn1Command(int argc, char** argv);
 int RunHashCommand(int argc, char** argv);
 // help.cpp: one command's part of the usage text.
 int RunHelpCommand(int argc, char** argv, const char* usage);
+// demo.cpp: a demo PKI, the server and a table of verdicts.
+int RunDemoCommand(int argc, char** argv);
 
 namespace {
 
@@ -55,6 +58,7 @@ const char kUsage[] =
       "       qva asn1 FILE\n"
       "       qva hash --alg md5|sha1|sha256|has160 FILE...\n"
       "       qva help [COMMAND]\n"
+      "       qva demo\n"
       "       qva --version | --help\n";
 
 // The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
@@ -104,6 +108,10 @@ int main(int argc, char** argv) {
   }
   if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
   if (argc >= 2 && std::strcmp(argv[1], "help") == 0) return RunHelpCommand(argc, argv, kUsage);
+#ifndef _WIN32
+  // The demo starts the server, which the Windows build does not have.
+  if (argc == 2 && std::strcmp(argv[1], "demo") == 0) return RunDemoCommand(argc, argv);
+#endif
   if (argc < 3) return Usage();
   const std::string cmd = argv[1];
   if (cmd == "verify" || cmd == "register") return RunClientCommand(argc, argv);

@@ -1,213 +1,337 @@
-// qva-server: a reference validation server for trying the client out.
-//
-//   qva-server [--port P] [--count N] [--idle-timeout S] [--result CODE --detail TEXT] [--alert TEXT]
-//   qva-server --version | --help
-//
-// Listens on 127.0.0.1 (port 0 picks a free one; the chosen port is printed
-// as "listening on 127.0.0.1:PORT"), serves one connection at a time: reads
-// the framed plain record, its roaming message and item list, and answers in
-// the same shape. A malformed roaming message is answered with an alert (and
-// dumped to ./wrongRoamingMessage.txt by the parser, as on the client). Default verdict: result 0 when the request's
-// data item is not empty, otherwise result 1 with the text "empty data". --result/--detail force a verdict, --alert
-// answers every request with an alert record. Stops after --count requests, or when no client comes for --idle-timeout
-// seconds (default 30), so it always ends by itself.
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <sys/time.h>
-#include <unistd.h>
+// qva-server: the validation server. One event-loop thread reads and writes
+// the framed records of every connection; a bounded pool of workers decides
+// the requests (path validation, registration). See docs/server.md.
+#include <CLI/CLI.hpp>
+#include <asio.hpp>
 
+#include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
+#include <ctime>
+#include <fstream>
+#include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
-#include "base/ByteReader.h"
-#include "base/ByteString.h"
-#include "tools/common/PosixIO.h"
-#include "libaibase/clroamingmessage.h"
-#include "libaibase/clsecuremanager.h"
+#include "ZENALib/ASN1/ASN1GeneralizedTime.h"
+#include "base/QSBase.h"
+#include "tools/server/Registry.h"
+#include "tools/server/Session.h"
+#include "tools/server/Validator.h"
 
 namespace {
 
-struct Options {
-  int port = 0;
-  long count = -1;  // unlimited
-  int idleSeconds = 30;
-  bool forced = false;
-  std::string result = "0";
-  std::string detail;
-  bool alert = false;
-  std::string alertText;
+using asio::ip::tcp;
+using Clock = std::chrono::steady_clock;
+
+struct Limits {
+  std::uint32_t maxFrame = 1u << 20;
+  int readTimeoutMs = 10000;
+  std::size_t maxConnections = 256;
 };
 
-// The usage text: on stderr with exit 2 for bad arguments, on stdout for --help.
-int Usage(std::FILE* out = stderr, int code = 2) {
-  std::fputs(
-      "usage: qva-server [--port P] [--count N] [--idle-timeout S] [--result CODE [--detail TEXT]] "
-      "[--alert TEXT]\n"
-      "       qva-server --version | --help\n",
-      out);
-  return code;
+class Server;
+
+class Connection : public std::enable_shared_from_this<Connection> {
+ public:
+  Connection(Server* server, tcp::socket socket);
+  void Start() { ReadHeader(); }
+  void Close();
+  bool busy() const { return busy_; }
+
+ private:
+  void ReadHeader();
+  void ReadBody(std::uint32_t n);
+  void Process();
+  void Arm();
+
+  Server* server_;
+  tcp::socket socket_;
+  asio::steady_timer deadline_;
+  std::string peer_;
+  unsigned char header_[4] = {};
+  std::vector<unsigned char> body_;
+  std::vector<unsigned char> out_;
+  qvaserver::Session session_;
+  bool busy_ = false;
+};
+
+class Server {
+ public:
+  Server(asio::io_context& io, const tcp::endpoint& at, std::size_t workers, const Limits& limits,
+         const qvaserver::Services& services)
+      : io_(io), acceptor_(io, at), pool_(workers), limits_(limits), services_(services) {}
+
+  unsigned short port() const { return acceptor_.local_endpoint().port(); }
+  void Accept();
+  void Stop();
+  void Forget(Connection* c) { live_.erase(c); }
+  bool stopping() const { return stopping_; }
+  asio::io_context& io() { return io_; }
+  asio::thread_pool& pool() { return pool_; }
+  const Limits& limits() const { return limits_; }
+  const qvaserver::Services& services() const { return services_; }
+  void Join() { pool_.join(); }
+
+ private:
+  asio::io_context& io_;
+  tcp::acceptor acceptor_;
+  asio::thread_pool pool_;
+  Limits limits_;
+  qvaserver::Services services_;
+  std::set<Connection*> live_;
+  std::vector<std::weak_ptr<Connection>> all_;
+  bool stopping_ = false;
+  friend class Connection;
+};
+
+std::string Now() {
+  const auto t = std::chrono::system_clock::now();
+  const std::time_t s = std::chrono::system_clock::to_time_t(t);
+  const long ms =
+      static_cast<long>(std::chrono::duration_cast<std::chrono::milliseconds>(t.time_since_epoch()).count() % 1000);
+  std::tm tm{};
+  gmtime_r(&s, &tm);
+  char buf[96];
+  std::snprintf(buf, sizeof buf, "%04d-%02d-%02dT%02d:%02d:%02d.%03ldZ", tm.tm_year + 1900, tm.tm_mon + 1,
+                tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec, ms);
+  return buf;
 }
 
-bool ParseOptions(int argc, char** argv, Options* o) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string a = argv[i];
-    if (i + 1 >= argc) return false;
-    const char* v = argv[++i];
-    if (a == "--port") {
-      o->port = std::atoi(v);
-    } else if (a == "--count") {
-      o->count = std::atol(v);
-    } else if (a == "--idle-timeout") {
-      o->idleSeconds = std::atoi(v);
-    } else if (a == "--result") {
-      o->forced = true;
-      o->result = v;
-    } else if (a == "--detail") {
-      o->detail = v;
-    } else if (a == "--alert") {
-      o->alert = true;
-      o->alertText = v;
-    } else {
-      return false;
+void AccessLog(const std::string& peer, const qvaserver::RequestLog& log, long long micros) {
+  std::printf("%s %s type=%d kind=%s verdict=%s us=%lld\n", Now().c_str(), peer.c_str(), log.type, log.kind.c_str(),
+              log.verdict.c_str(), micros);
+}
+
+Connection::Connection(Server* server, tcp::socket socket)
+    : server_(server), socket_(std::move(socket)), deadline_(server->io()), session_(server->services()) {
+  asio::error_code ec;
+  const auto ep = socket_.remote_endpoint(ec);
+  peer_ = ec ? "?" : ep.address().to_string() + ":" + std::to_string(ep.port());
+}
+
+void Connection::Close() {
+  asio::error_code ec;
+  deadline_.cancel();
+  socket_.shutdown(tcp::socket::shutdown_both, ec);
+  socket_.close(ec);
+}
+
+// A client that does not send a whole frame in time is dropped.
+void Connection::Arm() {
+  auto self = shared_from_this();
+  deadline_.expires_after(std::chrono::milliseconds(server_->limits().readTimeoutMs));
+  deadline_.async_wait([self](const asio::error_code& ec) {
+    if (!ec) self->Close();
+  });
+}
+
+void Connection::ReadHeader() {
+  if (server_->stopping()) return Close();
+  auto self = shared_from_this();
+  Arm();
+  asio::async_read(socket_, asio::buffer(header_), [self](const asio::error_code& ec, std::size_t) {
+    if (ec) return self->Close();
+    const std::uint32_t n = (std::uint32_t{self->header_[0]} << 24) | (std::uint32_t{self->header_[1]} << 16) |
+                            (std::uint32_t{self->header_[2]} << 8) | self->header_[3];
+    // The announced length is checked before anything is allocated for it.
+    if (n == 0 || n > self->server_->limits().maxFrame) {
+      qvaserver::RequestLog log;
+      log.verdict = "dropped: frame of " + std::to_string(n) + " bytes";
+      AccessLog(self->peer_, log, 0);
+      return self->Close();
     }
+    self->ReadBody(n);
+  });
+}
+
+void Connection::ReadBody(std::uint32_t n) {
+  auto self = shared_from_this();
+  body_.resize(n);
+  asio::async_read(socket_, asio::buffer(body_), [self](const asio::error_code& ec, std::size_t) {
+    self->deadline_.cancel();
+    if (ec) return self->Close();
+    self->Process();
+  });
+}
+
+void Connection::Process() {
+  auto self = shared_from_this();
+  busy_ = true;
+  asio::post(server_->pool(), [self] {
+    const auto start = Clock::now();
+    qvaserver::RequestLog log;
+    const ByteString record(self->body_.data(), static_cast<int>(self->body_.size()));
+    const ByteString answer = self->session_.Handle(record, &log);
+    const long long micros =
+        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
+    std::vector<unsigned char> out(4 + static_cast<std::size_t>(answer.length()));
+    const auto n = static_cast<std::uint32_t>(answer.length());
+    out[0] = static_cast<unsigned char>(n >> 24);
+    out[1] = static_cast<unsigned char>(n >> 16);
+    out[2] = static_cast<unsigned char>(n >> 8);
+    out[3] = static_cast<unsigned char>(n);
+    if (n) std::copy(answer.data(), answer.data() + n, out.begin() + 4);
+    asio::post(self->server_->io(), [self, log, micros, out = std::move(out)]() mutable {
+      AccessLog(self->peer_, log, micros);
+      self->out_ = std::move(out);
+      asio::async_write(self->socket_, asio::buffer(self->out_), [self](const asio::error_code& ec, std::size_t) {
+        self->busy_ = false;
+        if (ec) return self->Close();
+        self->ReadHeader();
+      });
+    });
+  });
+}
+
+void Server::Accept() {
+  acceptor_.async_accept([this](const asio::error_code& ec, tcp::socket socket) {
+    if (ec) return;  // the acceptor was closed
+    // Expired connections are forgotten before counting the live ones.
+    std::vector<std::weak_ptr<Connection>> kept;
+    for (auto& w : all_)
+      if (!w.expired()) kept.push_back(w);
+    all_.swap(kept);
+    if (all_.size() >= limits_.maxConnections) {
+      asio::error_code ignored;
+      socket.close(ignored);
+    } else {
+      auto c = std::make_shared<Connection>(this, std::move(socket));
+      all_.push_back(c);
+      c->Start();
+    }
+    Accept();
+  });
+}
+
+// Stops accepting, closes the connections waiting for a request and lets the
+// ones being answered finish their answer.
+void Server::Stop() {
+  stopping_ = true;
+  asio::error_code ec;
+  acceptor_.close(ec);
+  for (auto& w : all_)
+    if (auto c = w.lock())
+      if (!c->busy()) c->Close();
+}
+
+bool ReadBytes(const std::string& path, int pemType, ByteString* out) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return false;
+  std::string s((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const ByteString raw(s.data(), static_cast<int>(s.size()));
+  if (s.rfind("-----BEGIN", 0) == 0) return QSBase::pemDecode(pemType, raw, out) == PEM_OK;
+  *out = raw;
+  return true;
+}
+
+// --time: seconds since 1970 or a GeneralizedTime text (YYYYMMDDhhmmssZ).
+bool ParseTime(const std::string& text, std::time_t* out) {
+  if (!text.empty() && text.find_first_not_of("0123456789") == std::string::npos && text.size() <= 12) {
+    *out = static_cast<std::time_t>(std::stoll(text));
+    return true;
   }
-  return o->port >= 0 && o->port <= 65535 && o->idleSeconds > 0;
-}
-
-bool WriteFrame(int fd, const ByteString& payload) {
-  ByteWriter w;
-  w.u32BE(static_cast<std::uint32_t>(payload.length())).bytes(payload);
-  ByteString frame;
-  if (w.finish(&frame) != BS_OK) return false;
-  return WriteAll(fd, frame.data(), static_cast<std::size_t>(frame.length()));
-}
-
-// Largest request the server takes; a client announcing more is dropped.
-constexpr std::uint32_t kMaxRequest = 64u << 20;
-
-// Items of a received item list, in order; false when the list is malformed.
-bool ReadItems(const ByteString& body, std::vector<ByteString>* items) {
-  ByteReader r(body);
-  std::uint32_t count = 0;
-  if (r.readU32BE(&count) != BS_OK) return false;
-  for (std::uint32_t i = 0; i < count; ++i) {
-    std::uint32_t n = 0;
-    ByteString item;
-    if (r.readU32BE(&n) != BS_OK || r.readBytes(n, &item) != BS_OK) return false;
-    items->push_back(std::move(item));
-  }
-  return r.empty();
-}
-
-ByteString ItemList(const std::vector<std::string>& items) {
-  ByteWriter w;
-  w.u32BE(static_cast<std::uint32_t>(items.size()));
-  for (const auto& s : items) w.u32BE(static_cast<std::uint32_t>(s.size())).bytes(s.data(), s.size());
-  ByteString out;
-  w.finish(&out);
-  return out;
-}
-
-// The answer record for one request record, and a line for the log.
-ByteString Answer(const Options& o, const ByteString& record, std::string* log) {
-  CLSecureManager manager(nullptr, nullptr);
-  auto alert = [&](const char* text) {
-    *log = std::string("alert: ") + text;
-    manager.MakeAlert(ByteString(text));
-    return manager.TakeOutput();
-  };
-  if (o.alert) return alert(o.alertText.c_str());
-  if (manager.ParsePlain(record) != 0) return alert("malformed record");
-  const ByteString message = manager.TakeOutput();
-  // A malformed request is dumped by the parser as it would be on the client.
-  CLRoamingMessage request;
-  std::vector<ByteString> items;
-  const bool ok = request.ParseRoamingMessage(message) == 0 && ReadItems(request.GetBody(), &items);
-  if (!ok) return alert("malformed roaming message");
-
-  std::vector<std::string> answer;
-  if (o.forced) {
-    answer = {o.result, o.detail};
-  } else {
-    // The data item: the second of a validation, the only one of a registration.
-    const ByteString* data = items.size() >= 2 ? &items[1] : (items.size() == 1 ? &items[0] : nullptr);
-    if (data && data->length() > 0)
-      answer = {"0"};
-    else
-      answer = {"1", "empty data"};
-  }
-  *log = "type " + std::to_string(request.GetType()) + ", " + std::to_string(items.size()) + " item(s) -> " + answer[0];
-  const ByteString list = ItemList(answer);
-  CLRoamingMessage reply;
-  reply.MakeRoamingMessage(static_cast<std::uint8_t>(request.GetType()), 0, &request.GetIdentifier(),
-                           &request.GetReference(), &list);
-  manager.MakePlainData(reply.GetMessage());
-  return manager.TakeOutput();
-}
-
-void Serve(const Options& o, int fd) {
-  // A stalled client cannot hold the server: each read waits at most this long.
-  timeval tv{o.idleSeconds, 0};
-  ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &tv, sizeof tv);
-  unsigned char prefix[4];
-  if (!ReadExact(fd, prefix, 4)) return;
-  ByteReader pr(prefix, 4);
-  std::uint32_t n = 0;
-  pr.readU32BE(&n);
-  if (n > kMaxRequest) return;
-  ByteString record;
-  if (record.resize(static_cast<int>(n)) != BS_OK || (n > 0 && !ReadExact(fd, record.buffer(), n))) return;
-  std::string log;
-  const ByteString answer = Answer(o, record, &log);
-  WriteFrame(fd, answer);
-  std::printf("%s\n", log.c_str());
-  std::fflush(stdout);
+  ASN1GeneralizedTime t;
+  if (t.checkGMTTime(text.c_str(), static_cast<int>(text.size())) != 0) return false;
+  *out = t.getGMTTime();
+  return true;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
-    std::printf("qva-server %s\n", QVA_VERSION);
-    return 0;
-  }
-  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Usage(stdout, 0);
-  Options o;
-  if (!ParseOptions(argc, argv, &o)) return Usage();
+  CLI::App app;
+  app.name("qva-server");
+  // Each option and its text on one line: the help is read by people and by the manual page check.
+  app.get_formatter()->column_width(56);
+  std::string listen = "127.0.0.1";
+  int port = 0;
+  qvaserver::ValidatorConfig config;
+  std::string database, certFile, keyFile, timeText;
+  std::size_t workers = 2;
+  Limits limits;
+  app.set_version_flag("--version", std::string("qva-server ") + QVA_VERSION);
+  app.add_option("--listen", listen, "address to listen on")->capture_default_str();
+  app.add_option("--port", port, "port to listen on; 0 picks a free one (printed at start)")
+      ->check(CLI::Range(0, 65535))
+      ->capture_default_str();
+  app.add_option("--anchors", config.anchorDir, "directory of trust anchors (DER or PEM)")->required();
+  app.add_option("--intermediates", config.intermediateDir, "directory of intermediate CA certificates");
+  app.add_option("--crls", config.crlDir, "directory of CRLs; without it revocation is not checked");
+  app.add_option("--db", database, "SQLite database of registered certificates");
+  app.add_option("--cert", certFile, "server certificate for the handshake (DER or PEM)");
+  app.add_option("--key", keyFile, "server private key for the handshake (PKCS#8, DER or PEM)");
+  app.add_option("--policy", config.policies, "accepted certificate policy OID (repeatable); default any");
+  app.add_option("--workers", workers, "worker threads deciding requests")
+      ->check(CLI::Range(1, 256))
+      ->capture_default_str();
+  app.add_option("--max-connections", limits.maxConnections, "connections served at once")
+      ->check(CLI::Range(1, 100000))
+      ->capture_default_str();
+  app.add_option("--max-frame", limits.maxFrame, "largest request frame in bytes")
+      ->check(CLI::Range(16u, 64u << 20))
+      ->capture_default_str();
+  app.add_option("--read-timeout", limits.readTimeoutMs, "milliseconds a client has to send a whole frame")
+      ->check(CLI::Range(10, 3600000))
+      ->capture_default_str();
+  app.add_option("--time", timeText, "validate at this time (seconds since 1970 or YYYYMMDDhhmmssZ)");
+  CLI11_PARSE(app, argc, argv);
 
-  const int lfd = ::socket(AF_INET, SOCK_STREAM, 0);
-  int on = 1;
-  ::setsockopt(lfd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-  sockaddr_in sa{};
-  sa.sin_family = AF_INET;
-  sa.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  sa.sin_port = htons(static_cast<std::uint16_t>(o.port));
-  socklen_t len = sizeof sa;
-  if (lfd < 0 || ::bind(lfd, reinterpret_cast<sockaddr*>(&sa), sizeof sa) != 0 || ::listen(lfd, 16) != 0 ||
-      ::getsockname(lfd, reinterpret_cast<sockaddr*>(&sa), &len) != 0) {
-    std::perror("qva-server: listen");
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
+  if (!timeText.empty() && !ParseTime(timeText, &config.fixedTime)) {
+    std::fprintf(stderr, "qva-server: --time %s is not a time\n", timeText.c_str());
+    return 2;
+  }
+  if (certFile.empty() != keyFile.empty()) {
+    std::fprintf(stderr, "qva-server: --cert and --key go together\n");
+    return 2;
+  }
+  qvaserver::Validator validator;
+  std::string error;
+  if (!validator.Load(config, &error)) {
+    std::fprintf(stderr, "qva-server: %s\n", error.c_str());
     return 1;
   }
-  std::printf("listening on 127.0.0.1:%d\n", ntohs(sa.sin_port));
-  std::fflush(stdout);
-
-  for (long served = 0; o.count < 0 || served < o.count; ++served) {
-    pollfd p{lfd, POLLIN, 0};
-    if (::poll(&p, 1, o.idleSeconds * 1000) <= 0) {
-      std::printf("idle for %d s, stopping\n", o.idleSeconds);
-      break;
-    }
-    const int fd = ::accept(lfd, nullptr, nullptr);
-    if (fd < 0) continue;
-    Serve(o, fd);
-    ::close(fd);
+  qvaserver::Registry registry;
+  if (!database.empty() && !registry.Open(database, &error)) {
+    std::fprintf(stderr, "qva-server: %s: %s\n", database.c_str(), error.c_str());
+    return 1;
   }
-  ::close(lfd);
+  ByteString certificate, privateKey;
+  if (!certFile.empty() && (!ReadBytes(certFile, PEM_CERTIFICATE, &certificate) ||
+                            !ReadBytes(keyFile, PEM_PRIVATE_KEY, &privateKey))) {
+    std::fprintf(stderr, "qva-server: cannot read %s or %s\n", certFile.c_str(), keyFile.c_str());
+    return 1;
+  }
+  qvaserver::Services services;
+  services.validator = &validator;
+  services.registry = database.empty() ? nullptr : &registry;
+  if (!certFile.empty()) {
+    services.certificate = &certificate;
+    services.privateKey = &privateKey;
+  }
+
+  try {
+    asio::io_context io(1);
+    Server server(io, tcp::endpoint(asio::ip::make_address(listen), static_cast<unsigned short>(port)), workers,
+                  limits, services);
+    asio::signal_set signals(io, SIGINT, SIGTERM);
+    signals.async_wait([&](const asio::error_code& ec, int) {
+      if (!ec) server.Stop();
+    });
+    std::printf("listening on %s:%u\n", listen.c_str(), server.port());
+    std::fprintf(stderr, "qva-server: %zu anchor(s), %zu intermediate(s), revocation %s, %zu worker(s)\n",
+                 validator.AnchorCount(), validator.IntermediateCount(),
+                 config.crlDir.empty() ? "not checked" : "from CRLs", workers);
+    server.Accept();
+    io.run();
+    server.Join();
+    std::printf("stopped\n");
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "qva-server: %s\n", e.what());
+    return 1;
+  }
   return 0;
 }
