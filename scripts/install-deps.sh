@@ -23,5 +23,7 @@ done
 SUDO=""
 [ "$(id -u)" -ne 0 ] && SUDO=sudo
 echo "installing: ${missing[*]}"
-$SUDO apt-get update -qq
+# One stale index (the i386 security suite can lag once wine's architecture is
+# added) must not stop the install from the lists that did update.
+$SUDO apt-get update -qq || echo "apt-get update reported errors; installing from the lists at hand" >&2
 DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
