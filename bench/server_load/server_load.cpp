@@ -6,6 +6,9 @@
 //
 //   server_load [--server PATH] [--seconds S] [--workers N] [--keep DIR]
 //
+// --keep DIR writes the fixture there and leaves it; otherwise a temporary
+// directory is used and removed.
+//
 // The fixture is made here with libcrypto, the server is started by fork/exec
 // on port 0 and stopped with SIGTERM to its pid.
 #include <arpa/inet.h>
@@ -27,6 +30,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -383,5 +387,6 @@ int main(int argc, char** argv) {
   }
   EVP_PKEY_free(interPub);
   EVP_PKEY_free(rootPub);
+  if (keep.empty()) std::filesystem::remove_all(f.dir);
   return 0;
 }
