@@ -19,6 +19,7 @@
 #include <openssl/x509.h>
 #include <openssl/x509v3.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -190,6 +191,8 @@ Server StartServer(const std::string& binary, const Fixture& f, int workers) {
   s.pid = ::fork();
   if (s.pid < 0) Fail("fork failed");
   if (s.pid == 0) {
+    // The server goes with this process however it ends.
+    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
     std::FILE* out = std::freopen(log.c_str(), "w", stdout);
     if (out == nullptr) _exit(127);
     const char* argv[] = {binary.c_str(), "--listen", "127.0.0.1", "--port", "0", "--anchors", anchors.c_str(),
@@ -312,6 +315,8 @@ bool EchoOnce(int port, const std::vector<unsigned char>& msg) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A closed output pipe must not end the run before the server is stopped.
+  ::signal(SIGPIPE, SIG_IGN);
   std::string server = QVA_SERVER_BINARY;
   std::string keep;
   double seconds = 3;
