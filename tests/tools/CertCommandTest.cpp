@@ -6,6 +6,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cctype>
 
 #include "tests/support/TestUtil.h"
 
@@ -89,4 +90,74 @@ TEST(QvaCert, FormsNamesAndFailures) {
   EXPECT_NE(std::string::npos, out.find("certificate 1: signature OK"));
   EXPECT_EQ(1, Qva("--verify " + root + " " + sign, &out)) << out;
   EXPECT_NE(std::string::npos, out.find("(116)")) << out;
+}
+
+namespace {
+
+// The text after `key` up to the end of its line, or "" when absent.
+std::string After(const std::string& text, const std::string& key) {
+  const std::size_t at = text.find(key);
+  if (at == std::string::npos) return "";
+  const std::size_t from = at + key.size();
+  return text.substr(from, text.find('\n', from) - from);
+}
+
+// Hex digits only, upper case, leading zeros dropped: "00:9a" and "9A" agree.
+std::string HexValue(const std::string& s) {
+  std::string hex;
+  for (char c : s)
+    if (std::isxdigit(static_cast<unsigned char>(c))) hex += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  const std::size_t first = hex.find_first_not_of('0');
+  return first == std::string::npos ? "0" : hex.substr(first);
+}
+
+// An openssl name in qva's notation: attribute names lower-cased, emailAddress
+// shown as "e", the members of a multi-valued RDN separated by ',' as well.
+std::string LowerKeys(const std::string& name) {
+  std::string out;
+  bool inKey = true;
+  for (char c : name) {
+    if (c == '=') inKey = false;
+    if (c == ',' || c == '+') inKey = true;
+    out += inKey ? (c == '+' ? ',' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)))) : c;
+  }
+  for (std::size_t at = out.find("emailaddress="); at != std::string::npos; at = out.find("emailaddress=", at))
+    out.replace(at, 13, "e=");
+  return out;
+}
+
+}  // namespace
+
+// Serial, names and dates as qva cert prints them against openssl x509 on
+// every openssl-made certificate; serial and dates on the Korean ones too.
+TEST(QvaCert, FieldsAgreeWithOpenssl) {
+  struct Dir {
+    const char* path;
+    bool names;  // the Korean names are CP949/BMP text and printed converted
+  };
+  std::size_t checked = 0;
+  for (const Dir& dir : {Dir{"pkix/x509/certs", true}, Dir{"pkix/x509/korean/certs", false},
+                          Dir{"pkix/x509/korean/capubs/split_CaPubs_All", false}}) {
+    for (const auto& f : DerFiles(qvatest::DataPath(dir.path))) {
+      SCOPED_TRACE(f);
+      std::string ours, theirs;
+      ASSERT_EQ(0, Qva(f, &ours)) << ours;
+      ASSERT_EQ(0, qvatest::Run("openssl x509 -inform DER -in " + f +
+                                    " -noout -serial -subject -issuer -dates -nameopt sep_comma_plus,sname,utf8",
+                                &theirs));
+      const std::size_t serialAt = ours.find("Serial Number:");
+      ASSERT_NE(std::string::npos, serialAt);
+      const std::string serial =
+          ours.substr(serialAt + 14, ours.find("Signature Algorithm", serialAt) - serialAt - 14);
+      EXPECT_EQ(HexValue(After(theirs, "serial=")), HexValue(serial));
+      EXPECT_EQ(After(theirs, "notBefore="), After(ours, "Not Before: "));
+      EXPECT_EQ(After(theirs, "notAfter="), After(ours, "Not After : "));
+      if (dir.names) {
+        EXPECT_EQ(LowerKeys(After(theirs, "subject=")), After(ours, "        Subject: "));
+        EXPECT_EQ(LowerKeys(After(theirs, "issuer=")), After(ours, "        Issuer: "));
+      }
+      ++checked;
+    }
+  }
+  EXPECT_GT(checked, 120u);
 }

@@ -3,6 +3,10 @@
 // revoked, 2 error), in DER and PEM.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
 #include "tests/support/TestUtil.h"
 
 namespace {
@@ -51,4 +55,48 @@ TEST(QvaCrl, AnswersAndExitStatus) {
     EXPECT_EQ(c.status, Qva(c.args, &out)) << out;
     EXPECT_NE(out.find(c.expect), std::string::npos) << out;
   }
+}
+
+namespace {
+
+// Every value following `key` on its lines, hex serials without leading zeros.
+std::vector<std::string> Values(const std::string& text, const std::string& key, bool serial) {
+  std::vector<std::string> out;
+  for (std::size_t at = text.find(key); at != std::string::npos; at = text.find(key, at + 1)) {
+    std::string v = text.substr(at + key.size(), text.find('\n', at) - at - key.size());
+    if (serial) v.erase(0, std::min(v.find_first_not_of('0'), v.size() - 1));
+    out.push_back(v);
+  }
+  return out;
+}
+
+}  // namespace
+
+// Issuer, dates and every revoked serial as qva crl prints them against
+// openssl crl on each CRL of tests/data/crl that qva prints whole (critical.der,
+// many.der and future.der's entry are refused by design).
+TEST(QvaCrl, FieldsAgreeWithOpenssl) {
+  std::size_t checked = 0;
+  for (const char* name : {"aki-issuer.der", "delta.der", "empty.der", "full.der", "ian.der", "idp-aa.der",
+                           "idp-ca.der", "idp-user.der", "indirect.der", "v1.der"}) {
+    SCOPED_TRACE(name);
+    std::string ours, fields, text;
+    ASSERT_EQ(0, Qva(D(name), &ours)) << ours;
+    const std::string openssl = "openssl crl -inform DER -noout -in " + D(name);
+    ASSERT_EQ(0, qvatest::Run(openssl + " -issuer -lastupdate -nextupdate -nameopt sep_comma_plus,sname,utf8", &fields));
+    ASSERT_EQ(0, qvatest::Run(openssl + " -text", &text));
+    std::string issuer = Values(fields, "issuer=", false).at(0);
+    for (std::size_t i = 0; i < issuer.size(); ++i)  // qva writes attribute names in lower case
+      if (i == 0 || issuer[i - 1] == ',') {
+        for (std::size_t j = i; j < issuer.size() && issuer[j] != '='; ++j)
+          issuer[j] = static_cast<char>(std::tolower(static_cast<unsigned char>(issuer[j])));
+      }
+    EXPECT_EQ(issuer, Values(ours, "    Issuer: ", false).at(0));
+    EXPECT_EQ(Values(fields, "lastUpdate=", false), Values(ours, "This Update: ", false));
+    EXPECT_EQ(Values(fields, "nextUpdate=", false), Values(ours, "Next Update: ", false));
+    const auto serials = Values(text, "Serial Number: ", true);
+    EXPECT_EQ(serials, Values(ours, "Serial Number: ", true));
+    checked += serials.size();
+  }
+  EXPECT_GT(checked, 20u);
 }
