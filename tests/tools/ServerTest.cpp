@@ -474,9 +474,9 @@ TEST_F(Server, ServesClientsBesideHostileOnes) {
   const std::string valid = Leaf("valid.der"), revoked = Leaf("revoked.der");
   std::atomic<int> wrong{0};
   std::vector<std::thread> good;
-  for (int t = 0; t < 20; ++t)
+  for (int t = 0; t < 50; ++t)
     good.emplace_back([&, t] {
-      for (int i = 0; i < 50; ++i) {
+      for (int i = 0; i < 200; ++i) {
         const bool v = (t + i) % 2 == 0;
         const Answer a = Verify(port, "CERT", v ? valid : revoked);
         if (a.code != (v ? 0 : 5008)) {
