@@ -12,7 +12,7 @@ constexpr std::size_t kHeaderSize = 6;
 }  // namespace
 
 CLRecordEncoder::CLRecordEncoder(int contentType, int version, const CLEncoder& data)
-    : CLRecordEncoder(contentType, version, -1, data) {}
+    : CLRecordEncoder(contentType, version, kNoHandshakeType, data) {}
 
 CLRecordEncoder::CLRecordEncoder(int contentType, int version, int handshakeType, const CLEncoder& data)
     : m_nContentType(static_cast<std::uint8_t>(contentType)),
@@ -21,13 +21,13 @@ CLRecordEncoder::CLRecordEncoder(int contentType, int version, int handshakeType
       m_data(data) {}
 
 std::size_t CLRecordEncoder::EncodedLength() const {
-  return kHeaderSize + (m_nHandshakeType >= 0 ? 1 : 0) + 4 + m_data.EncodedLength();
+  return kHeaderSize + (m_nHandshakeType != kNoHandshakeType ? 1 : 0) + 4 + m_data.EncodedLength();
 }
 
 void CLRecordEncoder::Encode(ByteWriter* w) const {
   const std::size_t dataLength = m_data.EncodedLength();
   w->u8(m_nContentType).u8(m_nVersion).u32BE(static_cast<std::uint32_t>(EncodedLength() - kHeaderSize));
-  if (m_nHandshakeType >= 0) w->u8(static_cast<std::uint8_t>(m_nHandshakeType));
+  if (m_nHandshakeType != kNoHandshakeType) w->u8(static_cast<std::uint8_t>(m_nHandshakeType));
   w->u32BE(static_cast<std::uint32_t>(dataLength));
   m_data.Encode(w);
 }

@@ -29,6 +29,9 @@ constexpr int RECORD_VERSION = 1;
 // encoder). Callers check the version (0-255) and Fits() before encoding.
 class CLRecordEncoder final : public CLEncoder {
  public:
+  // The handshake type of records that carry none.
+  static constexpr int kNoHandshakeType = -1;
+
   CLRecordEncoder(int contentType, int version, const CLEncoder& data);
   CLRecordEncoder(int contentType, int version, int handshakeType, const CLEncoder& data);
   std::size_t EncodedLength() const override;
@@ -37,7 +40,7 @@ class CLRecordEncoder final : public CLEncoder {
  private:
   std::uint8_t m_nContentType;
   std::uint8_t m_nVersion;
-  int m_nHandshakeType;  // below 0: no handshake-type byte
+  int m_nHandshakeType;  // kNoHandshakeType: no handshake-type byte
   const CLEncoder& m_data;
 };
 
@@ -61,7 +64,7 @@ class CLRecord : public CErrorTrace {
  protected:
   explicit CLRecord(int contentType);
 
-  static constexpr int kNoHandshakeType = -1;
+  static constexpr int kNoHandshakeType = CLRecordEncoder::kNoHandshakeType;
 
   // Appends record, header and body for data (the record written once, the
   // other two taken from it). handshakeType is kNoHandshakeType or 0-255

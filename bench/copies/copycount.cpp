@@ -1,6 +1,7 @@
 // Preloaded copy counter: counts the memcpy/memmove calls (and realloc calls
 // that move a block) of at least QVA_COPY_MIN bytes, split at the process's
-// first send() of at least that size, and prints both halves at exit.
+// first send() of at least that size, and prints both halves at exit
+// (qva_copycount_read hands them to the program itself).
 //
 //   LD_PRELOAD=libqva_copycount.so QVA_COPY_MIN=51200 program...
 //
@@ -80,6 +81,13 @@ __attribute__((destructor)) void Report() {
 #define QVA_SHIM __attribute__((visibility("default")))
 
 extern "C" {
+
+// The copies counted so far, before the first send and after it.
+QVA_SHIM void qva_copycount_read(long* before, long* after) {
+  const long calls = g_total.calls.load();
+  *before = g_sent.load() ? g_callsBeforeSend : calls;
+  *after = calls - *before;
+}
 
 QVA_SHIM void* memcpy(void* d, const void* s, std::size_t n) {
   Count(n);

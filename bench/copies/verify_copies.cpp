@@ -2,8 +2,13 @@
 // child process; run under the preloaded copy counter to see how often the
 // payload is copied before the request is sent and after the answer comes.
 //
-//   LD_PRELOAD=.../libqva_copycount.so QVA_COPY_MIN=51200 qva_verify_copies [bytes]
+//   LD_PRELOAD=.../libqva_copycount.so QVA_COPY_MIN=51200 qva_verify_copies [bytes [before after]]
+//
+// Given the two limits, the program also fails when the payload was copied
+// more often than that before the send or after it (or when the counter is
+// not preloaded).
 #include <arpa/inet.h>
+#include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -52,5 +57,15 @@ int main(int argc, char** argv) {
   int status = 0;
   ::waitpid(child, &status, 0);
   std::fprintf(stderr, "QVA_Verify of %d bytes: %d\n", size, rc);
-  return rc == 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0 ? 0 : 1;
+  bool within = true;
+  if (argc > 3) {
+    using ReadFn = void (*)(long*, long*);
+    const auto read = reinterpret_cast<ReadFn>(dlsym(RTLD_DEFAULT, "qva_copycount_read"));
+    long before = 0, after = 0;
+    if (read) read(&before, &after);
+    within = read && before <= std::atol(argv[2]) && after <= std::atol(argv[3]);
+    std::fprintf(stderr, "copies before send %ld (limit %s), after %ld (limit %s)%s\n", before, argv[2], after,
+                 argv[3], read ? "" : ": the copy counter is not preloaded");
+  }
+  return rc == 0 && within && WIFEXITED(status) && WEXITSTATUS(status) == 0 ? 0 : 1;
 }
