@@ -1,14 +1,17 @@
 #include "tests/support/TestUtil.h"
 
+#include <dirent.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <random>
 #include <sstream>
 #include <stdexcept>
+#include <vector>
 
 namespace qvatest {
 
@@ -99,6 +102,19 @@ std::vector<VectorRecord> ReadVectors(const std::string& path) {
   }
   if (!current.empty()) records.push_back(std::move(current));
   return records;
+}
+
+std::vector<std::string> DerFiles(const std::string& dir) {
+  std::vector<std::string> out;
+  if (DIR* d = opendir(dir.c_str())) {
+    while (dirent* e = readdir(d)) {
+      const std::string n = e->d_name;
+      if (n.size() > 4 && n.compare(n.size() - 4, 4, ".der") == 0) out.push_back(dir + "/" + n);
+    }
+    closedir(d);
+  }
+  std::sort(out.begin(), out.end());
+  return out;
 }
 
 }  // namespace qvatest

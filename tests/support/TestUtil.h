@@ -24,6 +24,8 @@ inline void WriteFile(const std::string& path, const ByteString& s) {
 int Run(const std::string& command, std::string* out = nullptr);
 // True when the program is on PATH.
 bool HaveTool(const std::string& name);
+// The '.der' files of a folder, sorted by name.
+std::vector<std::string> DerFiles(const std::string& dir);
 
 // Bytes from a hex text; blanks and line breaks are skipped.
 ByteString Hex(const std::string& hex);

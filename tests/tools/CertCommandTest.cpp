@@ -12,19 +12,6 @@
 
 namespace {
 
-std::vector<std::string> DerFiles(const std::string& dir) {
-  std::vector<std::string> out;
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      const std::string n = e->d_name;
-      if (n.size() > 4 && n.compare(n.size() - 4, 4, ".der") == 0) out.push_back(dir + "/" + n);
-    }
-    closedir(d);
-  }
-  std::sort(out.begin(), out.end());
-  return out;
-}
-
 int Qva(const std::string& args, std::string* out) {
   out->clear();
   return qvatest::Run("LC_ALL=C.UTF-8 " + std::string(QVA_TOOL) + " cert " + args + " 2>&1", out);
@@ -42,7 +29,7 @@ TEST(QvaCert, PrintsEveryCertificate) {
   std::vector<std::string> files;
   for (const char* dir : {"pkix/x509/korean/certs", "pkix/x509/korean/capubs/split_3280CaPubs",
                           "pkix/x509/korean/capubs/split_CaPubs_All", "pkix/x509/certs"}) {
-    auto more = DerFiles(qvatest::DataPath(dir));
+    auto more = qvatest::DerFiles(qvatest::DataPath(dir));
     files.insert(files.end(), more.begin(), more.end());
   }
   ASSERT_GT(files.size(), 140u);
@@ -138,7 +125,7 @@ TEST(QvaCert, FieldsAgreeWithOpenssl) {
   std::size_t checked = 0;
   for (const Dir& dir : {Dir{"pkix/x509/certs", true}, Dir{"pkix/x509/korean/certs", false},
                           Dir{"pkix/x509/korean/capubs/split_CaPubs_All", false}}) {
-    for (const auto& f : DerFiles(qvatest::DataPath(dir.path))) {
+    for (const auto& f : qvatest::DerFiles(qvatest::DataPath(dir.path))) {
       SCOPED_TRACE(f);
       std::string ours, theirs;
       ASSERT_EQ(0, Qva(f, &ours)) << ours;

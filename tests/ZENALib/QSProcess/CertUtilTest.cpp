@@ -24,19 +24,6 @@ namespace {
 
 using processtest::Get;
 
-std::vector<std::string> DerFiles(const std::string& dir) {
-  std::vector<std::string> out;
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      const std::string n = e->d_name;
-      if (n.size() > 4 && n.compare(n.size() - 4, 4, ".der") == 0) out.push_back(dir + "/" + n);
-    }
-    closedir(d);
-  }
-  std::sort(out.begin(), out.end());
-  return out;
-}
-
 const std::string& KoreanDir() {
   static const std::string dir = qvatest::DataPath("pkix/x509/korean");
   return dir;
@@ -57,12 +44,12 @@ std::string MadeCertificate(const qvatest::TempDir& dir) {
 }
 
 std::vector<std::string> AllCertificates(const qvatest::TempDir& dir) {
-  std::vector<std::string> all = DerFiles(KoreanDir() + "/certs");
+  std::vector<std::string> all = qvatest::DerFiles(KoreanDir() + "/certs");
   for (const char* sub : {"/capubs/split_3280CaPubs", "/capubs/split_CaPubs_All"}) {
-    auto more = DerFiles(KoreanDir() + sub);
+    auto more = qvatest::DerFiles(KoreanDir() + sub);
     all.insert(all.end(), more.begin(), more.end());
   }
-  auto corpus = DerFiles(qvatest::DataPath("pkix/x509/certs"));
+  auto corpus = qvatest::DerFiles(qvatest::DataPath("pkix/x509/certs"));
   all.insert(all.end(), corpus.begin(), corpus.end());
   all.push_back(MadeCertificate(dir));
   return all;
