@@ -50,6 +50,12 @@ inline int Crypt(QSEncrypt& e, const std::string& op, int alg, int mode, int pad
   return e.DecryptData_NoGenKey(alg, mode, pad, key, iv, in, out);
 }
 
+// s with its first `key` (e.g. $DSAPARAM) replaced by value, if it has one.
+inline std::string Subst(std::string s, const std::string& key, const std::string& value) {
+  const auto at = s.find(key);
+  return at == std::string::npos ? s : s.replace(at, key.size(), value);
+}
+
 // Runs a command that must succeed and returns its output.
 inline std::string MustRun(const std::string& cmd) {
   std::string out;

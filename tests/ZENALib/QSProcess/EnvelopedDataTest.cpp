@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
@@ -42,16 +43,15 @@ class Enveloped : public ::testing::Test {
   // A key of `args` and a certificate for it (issued by the RSA CA for a
   // DH key, which cannot sign its own).
   static Party Make(const std::string& name, std::string args) {
-    const auto dsa = args.find("$DSAPARAM");
-    if (dsa != std::string::npos) args.replace(dsa, 9, Path("dsa.param"));
-    const auto at = args.find("$DHXPARAM");
-    if (at != std::string::npos) args.replace(at, 9, Path("dhx.param"));
+    const bool dh = args.find("$DHXPARAM") != std::string::npos;
+    args = cryptotest::Subst(args, "$DHXPARAM", Path("dhx.param"));
+    args = cryptotest::Subst(args, "$DSAPARAM", Path("dsa.param"));
     Party p{{}, {}, {}, Path(name + ".pem"), Path(name + ".key")};
     MustRun("openssl genpkey " + args + " -out " + p.keyPem + " 2>/dev/null");
     MustRun("openssl pkcs8 -topk8 -nocrypt -in " + p.keyPem + " -outform DER -out " + Path(name + ".p8"));
     MustRun("openssl pkey -in " + p.keyPem + " -pubout -out " + Path(name + ".pub"));
     MustRun("openssl pkey -in " + p.keyPem + " -pubout -outform DER -out " + Path(name + ".spki"));
-    if (at != std::string::npos) {
+    if (dh) {
       MustRun("openssl req -new -key " + Path("ca.key") + " -subj /CN=" + name + " -out " + Path(name + ".csr"));
       MustRun("openssl x509 -req -in " + Path(name + ".csr") + " -CA " + Path("ca.pem") + " -CAkey " +
               Path("ca.key") + " -CAcreateserial -force_pubkey " + Path(name + ".pub") + " -days 2 -out " + p.pem +
@@ -95,42 +95,31 @@ void AddOriginatorCert(REnvelopedData& e, const ByteString& cert) {
   e.setOriginatorInfo(info);
 }
 
+// The named change of the table's Edit column.
 ByteString Edit(const std::string& name, const ByteString& der, const ByteString& origCert,
                 const ByteString& myCert) {
-  if (name == "add-originator-cert" || name == "add-other-cert") {
-    const ByteString& cert = name == "add-originator-cert" ? origCert : myCert;
-    return Reencode(der, [&cert](REnvelopedData& e, RContentInfo&) { AddOriginatorCert(e, cert); });
-  }
-  if (name == "kekri-version-3") {
-    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
-      e.getRecipientInfos().getAt(0)->getKekri().setVersion(ASN1Integer(3));
-    });
-  }
-  if (name == "drop-content") {
-    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
-      REncryptedContentInfo& eci = e.getEncryptedContentInfo();
-      eci.setPresent(eci.getEncryptedContent(), false);
-    });
-  }
-  if (name == "kari-version-2") {
-    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
-      e.getRecipientInfos().getAt(0)->getKari().setVersion(ASN1Integer(2));
-    });
-  }
-  if (name == "drop-iv") {
-    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
-      RAlgorithmIdentifier& alg = e.getEncryptedContentInfo().getContentEncryptionAlgorithm();
-      alg.setPresent(alg.getParameters(), false);
-    });
-  }
-  if (name == "other-serial") {
-    return Reencode(der, [](REnvelopedData& e, RContentInfo&) {
-      e.getRecipientInfos().getAt(0)->getKtri().getRid().getIssuerAndSerialNumber().setSerialNumber(ASN1Integer(7));
-    });
-  }
-  if (name == "data-type") {
-    return Reencode(der, [](REnvelopedData&, RContentInfo& ci) { ci.getContentType().setOID("1 2 840 113549 1 7 1"); });
-  }
+  using E = REnvelopedData;
+  using C = RContentInfo;
+  const std::map<std::string, std::function<void(E&, C&)>> edits = {
+      {"add-originator-cert", [&](E& e, C&) { AddOriginatorCert(e, origCert); }},
+      {"add-other-cert", [&](E& e, C&) { AddOriginatorCert(e, myCert); }},
+      {"kekri-version-3", [](E& e, C&) { e.getRecipientInfos().getAt(0)->getKekri().setVersion(ASN1Integer(3)); }},
+      {"kari-version-2", [](E& e, C&) { e.getRecipientInfos().getAt(0)->getKari().setVersion(ASN1Integer(2)); }},
+      {"drop-content", [](E& e, C&) {
+         REncryptedContentInfo& eci = e.getEncryptedContentInfo();
+         eci.setPresent(eci.getEncryptedContent(), false);
+       }},
+      {"drop-iv", [](E& e, C&) {
+         RAlgorithmIdentifier& alg = e.getEncryptedContentInfo().getContentEncryptionAlgorithm();
+         alg.setPresent(alg.getParameters(), false);
+       }},
+      {"other-serial", [](E& e, C&) {
+         e.getRecipientInfos().getAt(0)->getKtri().getRid().getIssuerAndSerialNumber().setSerialNumber(ASN1Integer(7));
+       }},
+      {"data-type", [](E&, C& ci) { ci.getContentType().setOID("1 2 840 113549 1 7 1"); }},
+  };
+  const auto it = edits.find(name);
+  if (it != edits.end()) return Reencode(der, it->second);
   ADD_FAILURE() << "unknown edit " << name;
   return der;
 }

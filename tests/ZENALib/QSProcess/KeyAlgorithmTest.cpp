@@ -20,85 +20,47 @@ using processtest::HexBs;
 using processtest::Num;
 using qvatest::Str;
 
-namespace {
-
-ByteString DerInt(const std::string& hex) {
-  ASN1Integer i;
-  i.setInteger(HexBs(hex), 0);
-  return i.toASN1Object();
-}
-
-// SEQUENCE { p, q, g } of the TTAK.KO-12.0001 1024/160 example.
-ByteString TtakDomain() {
-  for (auto r : cryptotest::Vectors("kcdsa_ttak.txt")) {
-    if (r["Sizes"] != "A1024B160HAS160") continue;
-    ByteString body = DerInt(r["P"]);
-    body += DerInt(r["Q"]);
-    body += DerInt(r["G"]);
-    ByteString seq("\x30\x82\x00\x00", 4);
-    seq.setAt(2, static_cast<char>(body.length() >> 8));
-    seq.setAt(3, static_cast<char>(body.length() & 0xFF));
-    seq += body;
-    return seq;
-  }
-  ADD_FAILURE() << "no 1024-bit KCDSA domain";
-  return ByteString();
-}
-
-}  // namespace
-
-TEST(KeyAlgorithm, PrivateKeyCodes) {
+// The key algorithm code of private keys (PPrivateKey) and public keys
+// (PPublicKey), one table each, against openssl-made and KCDSA keys.
+TEST(KeyAlgorithm, PrivateAndPublicKeyCodes) {
   qvatest::TempDir dir;
-  for (auto r : processtest::Vectors("private_key_algorithm.txt")) {
-    SCOPED_TRACE(r["Key"] + " hash " + r["Hash"]);
-    ByteString pkcs8, spki;
-    if (r["Key"].rfind("kcdsa", 0) == 0) {
-      PGenKeyPair gen;
-      ASSERT_EQ(gen.makeKeyPairWithGeneratedKey(7032, TtakDomain(), pkcs8, spki), 0) << Str(gen.getErrorMessage());
-    } else {
-      MustRun("openssl genpkey " + r["Key"] + " -out " + dir.file("k.pem"));
-      MustRun("openssl pkcs8 -topk8 -nocrypt -in " + dir.file("k.pem") + " -outform DER -out " + dir.file("k.der"));
-      pkcs8 = qvatest::ReadFileBs(dir.file("k.der"));
-    }
-    RPrivateKeyInfo info;
-    ASSERT_EQ(info.fromASN1Object(pkcs8), 0);
-    const ByteString params = info.getPrivateKeyAlgorithm().hasParameters()
-                                  ? info.getPrivateKeyAlgorithm().getParameters().getElement()
-                                  : ByteString();
-    PPrivateKey pk;
-    int alg = 0;
-    const int rc = pk.GetPrivateKeyAlgorithm(info.getPrivateKeyAlgorithm().getAlgorithm().getOID(),
-                                             info.getPrivateKey().getValue(), params, Num(r, "Hash"), &alg);
-    EXPECT_EQ(rc, Num(r, "Code")) << Str(pk.getErrorMessage());
-    if (rc == 0) {
-      EXPECT_EQ(alg, Num(r, "Out"));
-    } else {
-      EXPECT_TRUE(cryptotest::TraceTail(pk.getErrorMessage(), "PPrivateKey.cpp", r["Tail"]));
-    }
-  }
-}
-
-TEST(KeyAlgorithm, PublicKeyCodes) {
-  qvatest::TempDir dir;
-  for (auto r : processtest::Vectors("public_key_algorithm.txt")) {
-    SCOPED_TRACE(r["Key"] + " hash " + r["Hash"]);
-    ByteString pkcs8, spki;
-    if (r["Key"] == "kcdsa") {
-      PGenKeyPair gen;
-      ASSERT_EQ(gen.makeKeyPairWithGeneratedKey(7032, TtakDomain(), pkcs8, spki), 0) << Str(gen.getErrorMessage());
-    } else {
-      MustRun("openssl genpkey " + r["Key"] + " -out " + dir.file("k.pem"));
-      MustRun("openssl pkey -in " + dir.file("k.pem") + " -pubout -outform DER -out " + dir.file("k.pub"));
-      spki = qvatest::ReadFileBs(dir.file("k.pub"));
-    }
-    PPublicKey pk;
-    int alg = 0;
-    const int rc = pk.GetPublicKeyAlgorithm(spki, Num(r, "Hash"), &alg);
-    EXPECT_EQ(rc, Num(r, "Code")) << Str(pk.getErrorMessage());
-    if (rc == 0) {
-      EXPECT_EQ(alg, Num(r, "Out"));
-    } else {
-      EXPECT_TRUE(cryptotest::TraceTail(pk.getErrorMessage(), "PPublicKey.cpp", r["Tail"]));
+  for (const bool priv : {true, false}) {
+    for (auto r : processtest::Vectors(priv ? "private_key_algorithm.txt" : "public_key_algorithm.txt")) {
+      SCOPED_TRACE(r["Key"] + " hash " + r["Hash"]);
+      ByteString pkcs8, spki;
+      if (r["Key"].rfind("kcdsa", 0) == 0) {
+        PGenKeyPair gen;
+        ASSERT_EQ(gen.makeKeyPairWithGeneratedKey(7032, processtest::TtakDomain(), pkcs8, spki), 0)
+            << Str(gen.getErrorMessage());
+      } else {
+        MustRun("openssl genpkey " + r["Key"] + " -out " + dir.file("k.pem"));
+        MustRun("openssl pkcs8 -topk8 -nocrypt -in " + dir.file("k.pem") + " -outform DER -out " + dir.file("k.der"));
+        MustRun("openssl pkey -in " + dir.file("k.pem") + " -pubout -outform DER -out " + dir.file("k.pub"));
+        pkcs8 = qvatest::ReadFileBs(dir.file("k.der"));
+        spki = qvatest::ReadFileBs(dir.file("k.pub"));
+      }
+      int alg = 0, rc = 0;
+      ByteString trace;
+      if (priv) {
+        RPrivateKeyInfo info;
+        ASSERT_EQ(info.fromASN1Object(pkcs8), 0);
+        RAlgorithmIdentifier& id = info.getPrivateKeyAlgorithm();
+        PPrivateKey pk;
+        rc = pk.GetPrivateKeyAlgorithm(id.getAlgorithm().getOID(), info.getPrivateKey().getValue(),
+                                       id.hasParameters() ? id.getParameters().getElement() : ByteString(),
+                                       Num(r, "Hash"), &alg);
+        trace = pk.getErrorMessage();
+      } else {
+        PPublicKey pk;
+        rc = pk.GetPublicKeyAlgorithm(spki, Num(r, "Hash"), &alg);
+        trace = pk.getErrorMessage();
+      }
+      EXPECT_EQ(rc, Num(r, "Code")) << Str(trace);
+      if (rc == 0) {
+        EXPECT_EQ(alg, Num(r, "Out"));
+      } else {
+        EXPECT_TRUE(cryptotest::TraceTail(trace, priv ? "PPrivateKey.cpp" : "PPublicKey.cpp", r["Tail"]));
+      }
     }
   }
 }
@@ -136,7 +98,7 @@ TEST(KeyAlgorithm, KcdsaCertificatesSignedHere) {
   qvatest::TempDir dir;
   MustRun("openssl req -x509 -new -newkey rsa:1024 -nodes -keyout " + dir.file("t.key") +
           " -subj /CN=kcdsa -days 2 -outform DER -out " + dir.file("t.der") + " 2>/dev/null");
-  const ByteString domain = TtakDomain();
+  const ByteString domain = processtest::TtakDomain();
   struct Case {
     int alg, hash;
     bool kcdsa1;

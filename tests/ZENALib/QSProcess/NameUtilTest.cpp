@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 #include <iconv.h>
 
-#include <dirent.h>
-
 #include <algorithm>
 #include <cstring>
 #include <sstream>
@@ -20,17 +18,11 @@
 
 namespace {
 
+// The corpus certificates whose names start with prefix.
 std::vector<std::string> Corpus(const std::string& prefix) {
   std::vector<std::string> out;
-  const std::string dir = qvatest::DataPath("pkix/x509/certs");
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      const std::string n = e->d_name;
-      if (n.compare(0, prefix.size(), prefix) == 0) out.push_back(dir + "/" + n);
-    }
-    closedir(d);
-  }
-  std::sort(out.begin(), out.end());
+  for (const std::string& path : qvatest::DerFiles(qvatest::DataPath("pkix/x509/certs")))
+    if (path.compare(path.rfind('/') + 1, prefix.size(), prefix) == 0) out.push_back(path);
   return out;
 }
 

@@ -1,5 +1,5 @@
-// Helpers of the processing tests: vector files of tests/data/process and
-// trace matching.
+// Helpers of the processing tests: vector files of tests/data/process, trace
+// matching and the KCDSA example domain.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "ZENALib/ASN1/ASN1Integer.h"
 #include "tests/ZENALib/QSCrypto/CryptoTestUtil.h"
 #include "tests/support/TestUtil.h"
 
@@ -34,6 +35,29 @@ inline int Num(const qvatest::VectorRecord& r, const char* name) {
 inline std::string Get(const qvatest::VectorRecord& r, const char* name) {
   auto it = r.find(name);
   return it == r.end() ? std::string() : it->second;
+}
+
+inline ByteString DerInt(const std::string& hex) {
+  ASN1Integer i;
+  i.setInteger(HexBs(hex), 0);
+  return i.toASN1Object();
+}
+
+// SEQUENCE { p, q, g } of the TTAK.KO-12.0001 1024/160 example.
+inline ByteString TtakDomain() {
+  for (auto r : cryptotest::Vectors("kcdsa_ttak.txt")) {
+    if (r["Sizes"] != "A1024B160HAS160") continue;
+    ByteString body = DerInt(r["P"]);
+    body += DerInt(r["Q"]);
+    body += DerInt(r["G"]);
+    ByteString seq("\x30\x82\x00\x00", 4);
+    seq.setAt(2, static_cast<char>(body.length() >> 8));
+    seq.setAt(3, static_cast<char>(body.length() & 0xFF));
+    seq += body;
+    return seq;
+  }
+  ADD_FAILURE() << "no 1024-bit KCDSA domain";
+  return ByteString();
 }
 
 }  // namespace processtest

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <sstream>
 #include <vector>
 
 #include "ZENALib/ASN1Pkix/RCertificate.h"
@@ -31,9 +30,9 @@ class WithCerts : public ::testing::Test {
   }
   static std::string Path(const std::string& name) { return s_dir->file(name); }
   // A self-signed certificate of a new key: <name>.der, its key <name>.key.
-  static ByteString MakeCert(const std::string& name, std::string key, const std::string& sign) {
-    if (key.find("$DSAPARAM") != std::string::npos) key.replace(key.find("$DSAPARAM"), 9, Path("dsa.param"));
-    MustRun("openssl genpkey " + key + " -out " + Path(name + ".key") + " 2>/dev/null");
+  static ByteString MakeCert(const std::string& name, const std::string& key, const std::string& sign) {
+    MustRun("openssl genpkey " + cryptotest::Subst(key, "$DSAPARAM", Path("dsa.param")) + " -out " +
+            Path(name + ".key") + " 2>/dev/null");
     MustRun("openssl req -x509 -new -key " + Path(name + ".key") + " -subj /CN=" + name + " -days 2 " + sign +
             " -outform DER -out " + Path(name + ".der"));
     return ReadFileBs(Path(name + ".der"));
@@ -136,8 +135,7 @@ TEST_F(WithCerts, KeyAgreementKekMatchesOpensslKdf) {
   const ByteString ukm = qvatest::RandomBytes(64, 11u);
   for (auto r : processtest::Vectors("key_agreement.txt")) {
     SCOPED_TRACE(r["Key"] + " " + r["Wrap"]);
-    std::string gen = r["Key"];
-    if (gen.find("$DHXPARAM") != std::string::npos) gen.replace(gen.find("$DHXPARAM"), 9, Path("dhx.param"));
+    const std::string gen = cryptotest::Subst(r["Key"], "$DHXPARAM", Path("dhx.param"));
     for (const char* k : {"mine", "peer"}) {
       MustRun("openssl genpkey " + gen + " -outform DER -out " + Path(std::string(k) + ".der"));
       MustRun("openssl pkey -inform DER -in " + Path(std::string(k) + ".der") + " -pubout -outform DER -out " +
@@ -149,8 +147,7 @@ TEST_F(WithCerts, KeyAgreementKekMatchesOpensslKdf) {
     const bool withUkm = Num(r, "UKM") != 0;
     std::string kdf = "openssl kdf -binary -out " + Path("kek") + " -keylen " + r["KeyLen"] + " -kdfopt digest:SHA1 ";
     if (r["CekAlg"].empty()) {
-      std::string info = r["Info"];
-      if (info.find("$UKM") != std::string::npos) info.replace(info.find("$UKM"), 4, qvatest::ToHex(ukm));
+      const std::string info = cryptotest::Subst(r["Info"], "$UKM", qvatest::ToHex(ukm));
       kdf += "-kdfopt hexinfo:" + qvatest::ToHex(processtest::HexBs(info)) + " -kdfopt hexsecret:" + qvatest::ToHex(z) + " X963KDF";
     } else {
       // RFC 2631 ZZ has the length of p (2048 bits here): openssl leaves leading zeros out.
@@ -202,15 +199,12 @@ TEST(CertificateCorpus, SignaturesVerifyUnderTheirIssuerOnly) {
   for (const char* folder : {"pkix/x509/certs", "pkix/x509/korean/certs", "pkix/x509/korean/capubs/split_CaPubs_All",
                              "pkix/x509/korean/capubs/split_3280CaPubs"}) {
     SCOPED_TRACE(folder);
-    std::string list;
-    ASSERT_EQ(qvatest::Run("ls " + qvatest::DataPath(folder), &list), 0);
-    std::istringstream names(list);
     std::vector<Cert> certs;
     PPublicKey pk;
-    for (std::string name; names >> name;) {
-      Cert c{name, ReadFileBs(qvatest::DataPath(std::string(folder) + "/" + name)), {}, {}, {}};
+    for (const std::string& path : qvatest::DerFiles(qvatest::DataPath(folder))) {
+      Cert c{path.substr(path.rfind('/') + 1), ReadFileBs(path), {}, {}, {}};
       RCertificate r;
-      ASSERT_EQ(r.fromASN1Object(c.der), 0) << name;
+      ASSERT_EQ(r.fromASN1Object(c.der), 0) << path;
       c.subject = r.getTbsCertificate().getSubject().toASN1Object();
       c.issuer = r.getTbsCertificate().getIssuer().toASN1Object();
       ASSERT_EQ(pk.getPublicKeyInfoFromCert(c.der, PPublicKey::CERT_KIND_X509, c.key), 0);

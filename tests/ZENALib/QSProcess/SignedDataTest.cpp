@@ -349,19 +349,11 @@ TEST(SignedData, AddSignerCounterSignatureAndLimits) {
                             "PSignedData::makeSignedAttrs-nAttrCount(1), The supported attribute maximum count is 8."));
     }
   }
-  PSignedData bad;
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05"
-                                             "ab",
-                                             4),
-                                  false, true),
-            1);
+  PSignedData bad;  // content said to be DER: its length must hold
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x05" "ab", 4), false, true), 1);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setTobeSignedData-bsContent(1), The content is not asn.1 format."));
-  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02"
-                                             "ab",
-                                             4),
-                                  false, true),
-            0);
+  EXPECT_EQ(bad.setTobeSignedData(ByteString("\x04\x02" "ab", 4), false, true), 0);
   EXPECT_EQ(bad.setSignedData(sdtest::Wrap(sd, psdoid::kData)), 2);
   EXPECT_TRUE(TraceTail(bad.getErrorMessage(), "PSignedData.cpp",
                         "PSignedData::setSignedData-contentType(2), It is not signedData."));

@@ -21,12 +21,6 @@ struct Signer {
   int hash = 1011;
 };
 
-inline ByteString DerInt(const std::string& hex) {
-  ASN1Integer i;
-  i.setInteger(processtest::HexBs(hex), 0);
-  return i.toASN1Object();
-}
-
 // An openssl-made key and self-signed certificate; extra are more `openssl
 // req` options (extensions).
 inline Signer OpensslSigner(qvatest::TempDir& dir, const std::string& kind, const std::string& name,
@@ -56,20 +50,10 @@ inline Signer KcdsaSigner(qvatest::TempDir& dir) {
   s.kind = "kcdsa";
   s.hash = 1011;
   s.certPem.clear();
-  ByteString domain;
-  for (auto r : cryptotest::Vectors("kcdsa_ttak.txt")) {
-    if (r["Sizes"] != "A1024B160HAS160") continue;
-    ByteString body = DerInt(r["P"]);
-    body += DerInt(r["Q"]);
-    body += DerInt(r["G"]);
-    domain = ByteString("\x30\x82\x00\x00", 4);
-    domain.setAt(2, static_cast<char>(body.length() >> 8));
-    domain.setAt(3, static_cast<char>(body.length() & 0xFF));
-    domain += body;
-  }
   PGenKeyPair gen;
   ByteString spkiDer;
-  EXPECT_EQ(gen.makeKeyPairWithGeneratedKey(7032, domain, s.key, spkiDer), 0) << qvatest::Str(gen.getErrorMessage());
+  EXPECT_EQ(gen.makeKeyPairWithGeneratedKey(7032, processtest::TtakDomain(), s.key, spkiDer), 0)
+      << qvatest::Str(gen.getErrorMessage());
   RSubjectPublicKeyInfo spki;
   EXPECT_EQ(spki.fromASN1Object(spkiDer), 0);
   RCertificate cert;
