@@ -76,8 +76,6 @@ TEST(Record, VectorFile) {
     } else if (v["Op"] == "type") {
       EXPECT_EQ(CLAlert::IsAlert(record), v["Alert"] == "true");
       EXPECT_EQ(CLPlain::IsPlain(record), v["Plain"] == "true");
-      EXPECT_EQ(CLSecureManager::IsAlert(record), v["Alert"] == "true");
-      EXPECT_EQ(CLSecureManager::IsPlain(record), v["Plain"] == "true");
     } else {
       ASSERT_EQ(v["Op"], "manager");
       const bool plain = v["Kind"] == "Plain";
