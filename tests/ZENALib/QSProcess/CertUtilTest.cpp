@@ -158,11 +158,6 @@ const std::map<std::string, Getter>& Getters() {
   return kGetters;
 }
 
-std::string Upper(std::string s) {
-  std::transform(s.begin(), s.end(), s.begin(), ::toupper);
-  return s;
-}
-
 std::string Lower(std::string s) {
   std::transform(s.begin(), s.end(), s.begin(), ::tolower);
   return s;
@@ -261,7 +256,7 @@ TEST(CertUtil, ValuesAgreeWithOpenssl) {
     if (Section(text, "X509v3 Subject Key Identifier", &lines)) {
       ByteString ski;
       ASSERT_EQ(0, cert.get_SubjectKeyIdentifier_value(&ski));
-      EXPECT_EQ(Upper(lines[0]), HexColons(ski));
+      EXPECT_EQ(cryptotest::Upper(lines[0]), HexColons(ski));
     }
     lines.clear();
     if (Section(text, "X509v3 Basic Constraints", &lines)) {
@@ -344,7 +339,7 @@ TEST(CertUtil, ValuesAgreeWithOpenssl) {
       ASSERT_EQ(0, qvatest::Run("openssl asn1parse -inform DER -in " + path + " -strparse 4 -noout -out " + tbs +
                                     " && openssl dgst -" + Lower(hashName.c_str()) + " -r " + tbs,
                                 &hex));
-      EXPECT_EQ(Upper(hex.substr(0, hex.find(' '))), Upper(qvatest::ToHex(digest)));
+      EXPECT_EQ(cryptotest::Upper(hex.substr(0, hex.find(' '))), cryptotest::UpperHex(digest));
       ++digests;
     } else {
       EXPECT_NE(nullptr, std::strstr(cert.getErrorMessage().c_str(), "PCertUtil::getCertTBSCertificateHash"));
