@@ -4,6 +4,7 @@
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
+#include "ZENALib/ASN1Pkix/RRSASSA_PSS_params.h"
 #include "ZENALib/ASN1Pkix/RSigningCertificate.h"
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSCrypto/QSHash.h"
@@ -50,6 +51,20 @@ const RAny* AttrValue(const RAttributes& attrs, const char* pszOID) {
     if (a.getType().getOID() == pszOID) return attrs.getAt(i)->getValues().getAt(0);
   }
   return nullptr;
+}
+
+// True when RSASSA-PSS parameters hash with SHA-1 throughout (message and
+// mask function; either left out means SHA-1).
+bool PssWithSha1(const RAlgorithmIdentifier& alg) {
+  RAlgorithmIdentifier a = alg;
+  RRSASSA_PSS_params params;
+  if (!a.hasParameters() || params.fromASN1Object(a.getParameters().getElement())) return false;
+  if (params.hasHashAlgorithm() && params.getHashAlgorithm().getAlgorithm().getOID() != poid::kSHA1) return false;
+  if (!params.hasMaskGenAlgorithm()) return true;
+  RAlgorithmIdentifier& mgf = params.getMaskGenAlgorithm();
+  RAlgorithmIdentifier mgfHash;
+  return mgf.hasParameters() && mgfHash.fromASN1Object(mgf.getParameters().getElement()) == 0 &&
+         mgfHash.getAlgorithm().getOID() == poid::kSHA1;
 }
 
 }  // namespace
@@ -201,7 +216,7 @@ int PSignedDataProcess::verifySigner(const char* pszMethod, const RSignerInfo& s
     return P_FAIL(pszMethod, "digestAlgorithm", ERR_ALGORITHM, util.getErrorMessage().c_str());
   }
   const bool pss = info.getSignatureAlgorithm().getAlgorithm().getOID() == poid::kRSASSA_PSS;
-  if (pss && hash != QSAlgorithm::SHA1())
+  if (pss && (hash != QSAlgorithm::SHA1() || !PssWithSha1(info.getSignatureAlgorithm())))
     return P_FAIL(pszMethod, "signatureAlgorithm", ERR_PSS_HASH, psdmsg::kPssSha1Only);
 
   QSHash hasher;
@@ -235,7 +250,17 @@ int PSignedDataProcess::verifySigner(const char* pszMethod, const RSignerInfo& s
     signedBytes = info.getRawSignedAttrs();
   }
   PPublicKey pk;
-  if (int rc = pk.verifySignatureWithCert(cert, hash, pss, signedBytes, info.getSignature().getValue())) {
+  if (pss) {
+    // The salt length is the signer's choice and stands in the parameters
+    // (signers commonly take the longest the key allows, not 20).
+    ByteString spki;
+    int rc = pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki);
+    if (rc == 0) {
+      rc = pk.verifySignatureWithAlgID(spki, info.getSignatureAlgorithm().toASN1Object(), signedBytes,
+                                       info.getSignature().getValue());
+    }
+    if (rc) return P_FAIL(pszMethod, "publicKey.verifySignatureWithAlgID", rc, pk.getErrorMessage().c_str());
+  } else if (int rc = pk.verifySignatureWithCert(cert, hash, pss, signedBytes, info.getSignature().getValue())) {
     return P_FAIL(pszMethod, "publicKey.verifySignatureWithCert", rc, pk.getErrorMessage().c_str());
   }
   if (info.hasUnsignedAttrs()) {

@@ -118,9 +118,8 @@ TEST(SignedData, OpensslSignedVerifiedHere) {
                       {&rsa, "-keyid", true, false, true},
                       {&ec, "-md sha1 -keyid -noattr", false, false, true},
                       {&rsa, "-stream", true, false, false},  // BER, indefinite lengths
-                      // RSA-PSS as the verifier takes it: SHA-1, MGF1-SHA-1, salt 20
-                      // (openssl's default salt is the most that fits).
-                      {&rsa, "-md sha1 -keyopt rsa_padding_mode:pss -keyopt rsa_pss_saltlen:20", true, false, false}};
+                      // RSA-PSS with SHA-1 and openssl's salt: the longest that fits.
+                      {&rsa, "-md sha1 -keyopt rsa_padding_mode:pss", true, false, false}};
   for (const Row& r : rows) {
     SCOPED_TRACE(r.s->kind + " " + r.options + (r.detached ? " detached" : ""));
     // Options after -inkey: -keyopt belongs to the signer before it.
@@ -224,6 +223,19 @@ TEST(SignedData, Refusals) {
        "PSignedDataProcess::processCertificateSet-extendedCertificate(4), extenedCert is not supported."},
       {"other certificate format", sdtest::Flip(good, s.cert, 0, '\xA3'), PSignedDataProcess::ERR_CERT_TYPE,
        "PSignedDataProcess::processCertificateSet-certificateChoices(5), Unkonwn certificate type."},
+      {"RSA-PSS hashing with SHA-256 under a SHA-1 digest", edit([](RSignedData& sd) {
+         RAlgorithmIdentifier pss;
+         EXPECT_EQ(pss.fromASN1Object(processtest::HexBs(
+                       "3041 0609 2a864886f70d01010a 3034 a00f 300d 0609 608648016503040201 0500"
+                       " a11c 301a 0609 2a864886f70d010108 300d 0609 608648016503040201 0500 a203 020120")),
+                   0);
+         sd.getSignerInfos().getAt(0)->setSignatureAlgorithm(pss);
+         RAlgorithmIdentifier sha1;
+         sha1.getAlgorithm().setOID("1 3 14 3 2 26");
+         sd.getSignerInfos().getAt(0)->setDigestAlgorithm(sha1);
+       }),
+       PSignedDataProcess::ERR_PSS_HASH,
+       "PSignedDataProcess::processSignerInfos-signatureAlgorithm(12), Only sha1 with RSA-PSS is supported."},
       {"RSA-PSS with SHA-256", edit([](RSignedData& sd) {
          sd.getSignerInfos().getAt(0)->getSignatureAlgorithm().getAlgorithm().setOID("1 2 840 113549 1 1 10");
          RAlgorithmIdentifier sha256;
