@@ -54,11 +54,12 @@ const RAny* AttrValue(const RAttributes& attrs, const char* pszOID) {
 }
 
 // True when RSASSA-PSS parameters hash with SHA-1 throughout (message and
-// mask function; either left out means SHA-1).
-bool PssWithSha1(const RAlgorithmIdentifier& alg) {
+// mask function; either left out means SHA-1); *pnSalt their salt length.
+bool PssWithSha1(const RAlgorithmIdentifier& alg, int* pnSalt) {
   RAlgorithmIdentifier a = alg;
   RRSASSA_PSS_params params;
   if (!a.hasParameters() || params.fromASN1Object(a.getParameters().getElement())) return false;
+  *pnSalt = params.getSaltLengthValue();
   if (params.hasHashAlgorithm() && params.getHashAlgorithm().getAlgorithm().getOID() != poid::kSHA1) return false;
   if (!params.hasMaskGenAlgorithm()) return true;
   RAlgorithmIdentifier& mgf = params.getMaskGenAlgorithm();
@@ -216,7 +217,8 @@ int PSignedDataProcess::verifySigner(const char* pszMethod, const RSignerInfo& s
     return P_FAIL(pszMethod, "digestAlgorithm", ERR_ALGORITHM, util.getErrorMessage().c_str());
   }
   const bool pss = info.getSignatureAlgorithm().getAlgorithm().getOID() == poid::kRSASSA_PSS;
-  if (pss && (hash != QSAlgorithm::SHA1() || !PssWithSha1(info.getSignatureAlgorithm())))
+  int salt = 20;
+  if (pss && (hash != QSAlgorithm::SHA1() || !PssWithSha1(info.getSignatureAlgorithm(), &salt)))
     return P_FAIL(pszMethod, "signatureAlgorithm", ERR_PSS_HASH, psdmsg::kPssSha1Only);
 
   QSHash hasher;
@@ -250,16 +252,18 @@ int PSignedDataProcess::verifySigner(const char* pszMethod, const RSignerInfo& s
     signedBytes = info.getRawSignedAttrs();
   }
   PPublicKey pk;
-  if (pss) {
+  ByteString spki;
+  int size = 0;
+  if (pss && salt != 20 && pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki) == 0 &&
+      pk.GetPublicKeyAlgorithm(spki, 0, &size) == 0 &&
+      (size == QSAlgorithm::RSA1024() || size == QSAlgorithm::RSA2048())) {
     // The salt length is the signer's choice and stands in the parameters
-    // (signers commonly take the longest the key allows, not 20).
-    ByteString spki;
-    int rc = pk.getPublicKeyInfoFromCert(cert, PPublicKey::CERT_KIND_X509, spki);
-    if (rc == 0) {
-      rc = pk.verifySignatureWithAlgID(spki, info.getSignatureAlgorithm().toASN1Object(), signedBytes,
-                                       info.getSignature().getValue());
+    // (signers commonly take the longest the key allows); the key sizes
+    // stay those of the fixed form, whose refusals the other sizes get.
+    if (int rc = pk.verifySignatureWithAlgID(spki, info.getSignatureAlgorithm().toASN1Object(), signedBytes,
+                                             info.getSignature().getValue())) {
+      return P_FAIL(pszMethod, "publicKey.verifySignatureWithAlgID", rc, pk.getErrorMessage().c_str());
     }
-    if (rc) return P_FAIL(pszMethod, "publicKey.verifySignatureWithAlgID", rc, pk.getErrorMessage().c_str());
   } else if (int rc = pk.verifySignatureWithCert(cert, hash, pss, signedBytes, info.getSignature().getValue())) {
     return P_FAIL(pszMethod, "publicKey.verifySignatureWithCert", rc, pk.getErrorMessage().c_str());
   }
