@@ -224,6 +224,12 @@ TEST(SignedData, Refusals) {
        "PSignedDataProcess::processCertificateSet-extendedCertificate(4), extenedCert is not supported."},
       {"other certificate format", sdtest::Flip(good, s.cert, 0, '\xA3'), PSignedDataProcess::ERR_CERT_TYPE,
        "PSignedDataProcess::processCertificateSet-certificateChoices(5), Unkonwn certificate type."},
+      {"SHA-512 digest", edit([](RSignedData& sd) {
+         RAlgorithmIdentifier sha512;
+         sha512.getAlgorithm().setOID("2 16 840 1 101 3 4 2 3");
+         sd.getSignerInfos().getAt(0)->setDigestAlgorithm(sha512);
+       }),
+       PSignedDataProcess::ERR_ALGORITHM, nullptr},
       {"RSA-PSS hashing with SHA-256 under a SHA-1 digest", edit([](RSignedData& sd) {
          RAlgorithmIdentifier pss;
          EXPECT_EQ(pss.fromASN1Object(processtest::HexBs(
