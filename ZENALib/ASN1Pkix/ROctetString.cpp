@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/ROctetString.h"
 
+#include <cstring>
+
 #include "ZENALib/ASN1Pkix/RObject.h"
 #include "base/Limits.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
@@ -13,7 +15,7 @@ int ContentLength(const RElementHeader& h) {
 
 }  // namespace
 
-int ROctetString::joinSegments(const unsigned char* p, int n, int nDepth, ByteString* pOut) {
+int ROctetString::joinSegments(const unsigned char* p, int n, int nDepth, unsigned char* pOut, int* pnLength) {
   // Segments nest; the same bound as for indefinite lengths keeps the recursion finite.
   if (nDepth > qva_limits::kMaxIndefiniteDepth) return R_ERR_FORMAT;
   for (int offset = 0; offset < n;) {
@@ -22,14 +24,16 @@ int ROctetString::joinSegments(const unsigned char* p, int n, int nDepth, ByteSt
     if (h.tagClass() != ASN1_CLASS_UNIVERSAL || h.tagNo != ASN1_TAG_OCTETSTRING) return R_ERR_FORMAT;
     const unsigned char* content = p + offset + h.headerLength;
     if (h.constructed()) {
-      if (joinSegments(content, ContentLength(h), nDepth + 1, pOut) != 0) return R_ERR_FORMAT;
+      if (joinSegments(content, ContentLength(h), nDepth + 1, pOut, pnLength) != 0) return R_ERR_FORMAT;
     } else {
       if (h.contentLength < 0) return R_ERR_FORMAT;  // a primitive segment has a definite length
-      pOut->append(content, h.contentLength);
+      if (pOut && h.contentLength > 0)
+        std::memcpy(pOut + *pnLength, content, static_cast<std::size_t>(h.contentLength));
+      *pnLength += h.contentLength;  // never more than n: no overflow
     }
     offset += h.totalLength;
   }
-  return pOut->status() == BS_OK ? 0 : R_ERR_FORMAT;
+  return 0;
 }
 
 int ROctetString::fromASN1View(const unsigned char* pData, int nData) {
@@ -53,9 +57,14 @@ int ROctetString::fromASN1View(const unsigned char* pData, int nData) {
   // Primitive, or not an OCTET STRING at all: the base decodes or reports it.
   if (!h.constructed() || (h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo != ASN1_TAG_OCTETSTRING))
     return ASN1OctetString::fromASN1View(pData, nData);
+  // Measured first, then copied into one block: appending segment by
+  // segment would copy the value so far again for each (a streamed
+  // megabyte comes in hundreds of segments).
+  int total = 0, copied = 0;
   ByteString value;
-  if (joinSegments(p + h.headerLength, ContentLength(h), 0, &value) != 0)
+  if (joinSegments(p + h.headerLength, ContentLength(h), 0, nullptr, &total) != 0 || value.resize(total) != BS_OK)
     return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, asn1_msg::kFormatError);
+  joinSegments(p + h.headerLength, ContentLength(h), 0, value.buffer(), &copied);
   m_bsValue = std::move(value);
   m_ucConstructed = 0;
   m_nErrorCode = 0;

@@ -15,6 +15,7 @@ class ROctetString : public ASN1OctetString {
   int fromASN1View(const unsigned char* pData, int nData) override;
 
  private:
-  // Appends the segments in (p, n) to *pOut; 0 or R_ERR_FORMAT.
-  static int joinSegments(const unsigned char* p, int n, int nDepth, ByteString* pOut);
+  // Checks the segments in (p, n) and adds their length to *pnLength; with
+  // pOut, first copies each to pOut + *pnLength. 0 or R_ERR_FORMAT.
+  static int joinSegments(const unsigned char* p, int n, int nDepth, unsigned char* pOut, int* pnLength);
 };
