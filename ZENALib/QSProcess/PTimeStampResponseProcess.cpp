@@ -1,5 +1,7 @@
 #include "ZENALib/QSProcess/PTimeStampResponseProcess.h"
 
+#include <cstring>
+
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
 #include "ZENALib/QSProcess/PExtKeyUsageUtil.h"
@@ -78,6 +80,13 @@ int PTimeStampResponseProcess::checkTsaName(const ByteString& bsCert) {
   RRDNSequence subject;
   if (tsa.isDirectoryName() && util.getSubject(&subject) == 0 &&
       Untagged(tsa.getDirectoryName().toASN1Object()) == Untagged(subject.toASN1Object())) {
+    nRet = 0;
+  }
+  // The same name in other string types (a TSA writing PrintableString
+  // where its certificate has UTF8String) reads the same as text; a text
+  // with a character the local code page lacks ('?') is not trusted to.
+  if (nRet != 0 && tsa.isDirectoryName() && tsaText.length() > 0 && tsaText == subjectDN &&
+      std::memchr(tsaText.data(), '?', static_cast<std::size_t>(tsaText.length())) == nullptr) {
     nRet = 0;
   }
   RGeneralNames alt;

@@ -161,6 +161,21 @@ TEST(TimeStamp, CraftedTokens) {
        "The Time-stamp token MUST NOT contain any signatures other than the signature of the TSA."},
       {"no signed attributes", t.Token(same, t.tsa, psdoid::kTSTInfo, false),
        PTimeStampResponseProcess::ERR_SIGNING_CERT, "1 2 840 113549 1 9 16 2 12 does not exist."},
+      {"tsa names the subject in PrintableString, the certificate in UTF8String",
+       t.Token(
+           [&](RTSTInfo& i) {
+             RCertificate c;
+             EXPECT_EQ(c.fromASN1Object(t.tsa.cert), 0);
+             RRDNSequence printable;
+             EXPECT_EQ(printable.fromASN1Object(sdtest::Flip(c.getTbsCertificate().getSubject().toASN1Object(),
+                                                             ByteString("\x0C\x03tsa", 5), 0, '\x13')),
+                       0);
+             RGeneralName g;
+             g.setDirectoryName(printable);
+             i.setTsa(g);
+           },
+           t.tsa),
+       0, nullptr},
       {"tsa names another subject",
        t.Token(
            [&](RTSTInfo& i) {
@@ -197,7 +212,7 @@ TEST(TimeStamp, CraftedTokens) {
   }
   // The name comparison's trace, kept under its own class and method.
   PTimeStampResponseProcess p;
-  EXPECT_EQ(p.parseTimeStampToken(rows[7].token), +PTimeStampResponseProcess::ERR_TSA_NAME);
+  EXPECT_EQ(p.parseTimeStampToken(rows[8].token), +PTimeStampResponseProcess::ERR_TSA_NAME);
   const std::string trace = Str(p.getErrorMessage());
   EXPECT_NE(trace.find("PTimeStampResponseProcess::parseTimeStampToken-tsa(8), tsa field MUST correspond to one of "
                        "the subject names included in the certificate. ["),
