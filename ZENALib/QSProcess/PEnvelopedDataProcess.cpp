@@ -154,6 +154,9 @@ int PEnvelopedDataProcess::parseEnvelopedData(const ByteString& bsDer, const Byt
 int PEnvelopedDataProcess::findMyRecipientInfo() {
   static const char kM[] = "findMyRecipientInfo";
   RRecipientInfos& infos = m_env.getRecipientInfos();
+  // An entry of a kind we cannot open (a password or other recipient) may
+  // stand before ours: it is refused only when no entry is ours.
+  bool unknown = false;
   for (int i = 0; i < infos.getCount(); ++i) {
     RRecipientInfo& ri = *infos.getAt(i);
     bool found = false;
@@ -165,13 +168,16 @@ int PEnvelopedDataProcess::findMyRecipientInfo() {
     } else if (ri.isKekri()) {
       rc = findInKEKRecipientInfo(ri.getKekri(), &found);
     } else {
-      return P_FAIL(kM, "recipientInfo", penv::ERR_UNKNOWN_RECIPIENT_INFO_TYPE, penv::kUnknownRecipientInfoType);
+      unknown = true;
     }
     if (rc) return rc;
     if (found) {
       m_nRecipientIndex = i;
       return 0;
     }
+  }
+  if (unknown) {
+    return P_FAIL(kM, "recipientInfo", penv::ERR_UNKNOWN_RECIPIENT_INFO_TYPE, penv::kUnknownRecipientInfoType);
   }
   return P_FAIL(kM, "recipientInfos", penv::ERR_NOT_IN_RECIPIENT_INFOS, penv::kNotInRecipientInfos);
 }

@@ -117,6 +117,13 @@ ByteString Edit(const std::string& name, const ByteString& der, const ByteString
          e.getRecipientInfos().getAt(0)->getKtri().getRid().getIssuerAndSerialNumber().setSerialNumber(ASN1Integer(7));
        }},
       {"data-type", [](E&, C& ci) { ci.getContentType().setOID("1 2 840 113549 1 7 1"); }},
+      {"password-first", [](E& e, C&) {
+         RRecipientInfos all;
+         all.add(RRecipientInfo());
+         EXPECT_EQ(all.getAt(0)->fromASN1Object(processtest::HexBs("A303 020100")), 0);
+         for (const RRecipientInfo& ri : e.getRecipientInfos().items()) all.add(ri);
+         e.setRecipientInfos(all);
+       }},
   };
   const auto it = edits.find(name);
   if (it != edits.end()) return Reencode(der, it->second);
