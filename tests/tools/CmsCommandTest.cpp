@@ -51,7 +51,7 @@ TEST(QvaTs, OpensslTokenAndItsVersion1Form) {
   qvatest::WriteFile(d.file("serial"), std::string("07\n"));
   qvatest::WriteFile(d.file("ts.cnf"), "[ tsa ]\ndefault_tsa = t\n[ t ]\nserial = " + d.file("serial") +
                                            "\nsigner_digest = sha256\ndefault_policy = 1.2.3.9\ndigests = sha256\n"
-                                           "ess_cert_id_alg = sha1\n");
+                                           "ess_cert_id_alg = sha1\naccuracy = secs:1, millisecs:500\n");
   MustRun("openssl req -x509 -newkey rsa:2048 -nodes -keyout " + key + " -subj /CN=qva-tsa -days 2 " +
           "-addext extendedKeyUsage=critical,timeStamping -out " + crt);
   MustRun("openssl ts -query -data " + d.file("data") + " -sha256 -cert -out " + d.file("q.tsq"));
@@ -74,5 +74,12 @@ TEST(QvaTs, OpensslTokenAndItsVersion1Form) {
   EXPECT_EQ(Qva("ts " + d.file("v1.der"), &out), 0) << out;
   EXPECT_NE(out.find("Checks: OK"), std::string::npos) << out;
   EXPECT_NE(out.find("TSA certificate: cn=qva-tsa"), std::string::npos) << out;
+  EXPECT_NE(out.find("Accuracy: 1 s 500 ms 0 us"), std::string::npos) << out;
   EXPECT_EQ(Qva("ts " + d.file("data"), &out), 2) << out;
+  // A digest the TSA does not take: a response without a token.
+  MustRun("openssl ts -query -data " + d.file("data") + " -sha1 -out " + d.file("q1.tsq"));
+  MustRun("openssl ts -reply -config " + d.file("ts.cnf") + " -queryfile " + d.file("q1.tsq") + " -inkey " + key +
+          " -signer " + crt + " -out " + d.file("rejected.der"));
+  EXPECT_EQ(Qva("ts " + d.file("rejected.der"), &out), 1) << out;
+  EXPECT_NE(out.find("Status: 2 (rejection)"), std::string::npos) << out;
 }

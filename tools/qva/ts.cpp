@@ -4,7 +4,8 @@
 //                   PEM/Base64 text
 //
 // Exit status: 0 the token passes every check; 1 it is refused (the trace
-// goes to stderr); 2 bad arguments or a file that cannot be read.
+// goes to stderr), or the response carries none (its status is printed); 2
+// bad arguments or a file that cannot be read.
 #include <cstdio>
 #include <ctime>
 #include <string>
@@ -35,15 +36,23 @@ std::string Hex(const ByteString& bs) {
 std::string Dotted(const ByteString& blankOid) { return UDNSettings::Dotted(blankOid).c_str(); }
 
 // The token inside a TimeStampResp (SEQUENCE { status, token }), or the
-// input itself when it is a ContentInfo already.
-ByteString Token(const ByteString& der) {
+// input itself when it is a ContentInfo already. *pnStatus: the response's
+// PKIStatus, -1 when there is none to read.
+ByteString Token(const ByteString& der, int* pnStatus) {
+  *pnStatus = -1;
   RContentInfo ci;
   if (ci.fromASN1Object(der) == 0) return der;
-  RElementHeader outer, status, token;
+  RElementHeader outer, status, value, token;
   if (RReadHeader(der.data(), der.length(), &outer) || outer.contentLength < 0) return der;
   const unsigned char* p = der.data() + outer.headerLength;
   const int n = outer.contentLength;
-  if (RReadHeader(p, n, &status) || RReadHeader(p + status.totalLength, n - status.totalLength, &token)) return der;
+  if (RReadHeader(p, n, &status) || status.first != 0x30 || status.contentLength < 0) return der;
+  // PKIStatusInfo { status INTEGER (0..5), ... }: one content octet.
+  if (RReadHeader(p + status.headerLength, status.contentLength, &value) == 0 && value.first == 0x02 &&
+      value.contentLength == 1) {
+    *pnStatus = p[status.headerLength + value.headerLength];
+  }
+  if (RReadHeader(p + status.totalLength, n - status.totalLength, &token)) return der;
   return ByteString(p + status.totalLength, token.totalLength);
 }
 
@@ -56,13 +65,22 @@ int RunTsCommand(int argc, char** argv) {
   }
   ByteString file;
   if (!ReadDerOrText(argv[2], &file)) return 2;
-  const ByteString token = Token(file);
+  int status = -1;
+  const ByteString token = Token(file, &status);
   // The fields from the structure itself, whether the checks pass or not.
   RContentInfo ci;
   RSignedData sd;
   RTSTInfo info;
   if (ci.fromASN1Object(token) || sd.fromASN1Object(ci.getContent().getElement()) ||
       info.fromASN1Object(sd.getEncapContentInfo().getEContent().getValue())) {
+    // A response that grants nothing (rejection, waiting) carries no token.
+    static const char* const kStatus[] = {"granted", "grantedWithMods", "rejection", "waiting",
+                                          "revocationWarning", "revocationNotification"};
+    if (status >= 0) {
+      std::printf("Time-stamp response:\n  Status: %d (%s)\n", status, status <= 5 ? kStatus[status] : "unknown");
+      std::fprintf(stderr, "qva: %s: the response carries no time-stamp token\n", argv[2]);
+      return 1;
+    }
     std::fprintf(stderr, "qva: %s: not a time-stamp token\n", argv[2]);
     return 2;
   }
@@ -81,6 +99,11 @@ int RunTsCommand(int argc, char** argv) {
               info.hasOrdering() && info.getOrdering().getValue().length() && info.getOrdering().getValue().data()[0]
                   ? "yes"
                   : "no");
+  if (info.hasAccuracy()) {
+    RAccuracy& a = info.getAccuracy();
+    std::printf("  Accuracy: %d s %d ms %d us\n", a.hasSeconds() ? a.getSeconds().getInteger() : 0,
+                a.hasMillis() ? a.getMillis().getInteger() : 0, a.hasMicros() ? a.getMicros().getInteger() : 0);
+  }
   if (info.hasNonce()) std::printf("  Nonce: %s\n", Hex(info.getNonce().getValue()).c_str());
   if (info.hasTsa()) {
     ByteString text;
