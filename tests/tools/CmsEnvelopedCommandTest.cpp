@@ -25,6 +25,8 @@ TEST(QvaCmsEnveloped, RecipientsAndOpening) {
   MustRun("openssl req -x509 -new -key " + eckey + " -subj /CN=qva-ec -days 2 -out " + ec);
   MustRun("openssl genpkey -algorithm RSA -out " + other);
   MustRun("openssl pkcs8 -topk8 -nocrypt -in " + key + " -outform DER -out " + d.file("r.p8"));
+  MustRun("openssl pkey -in " + key + " -traditional -out " + d.file("r.trad"));  // RSA PRIVATE KEY
+  MustRun("openssl ec -in " + eckey + " -out " + d.file("ec.trad"));             // EC PRIVATE KEY
   MustRun("openssl cms -encrypt -binary -in " + data + " -des3 -outform DER -out " + d.file("env.der") + " -recip " +
           crt + " -recip " + ec + " -wrap des3-wrap");
   std::string out;
@@ -44,7 +46,9 @@ TEST(QvaCmsEnveloped, RecipientsAndOpening) {
   } cases[] = {
       {crt, key, 0, "Opened: recipient 1"},           // PEM key and certificate
       {crt, d.file("r.p8"), 0, "Opened: recipient 1"},  // DER PKCS#8 key
-      {ec, eckey, 0, "Opened: recipient 2"},          // key agreement
+      {crt, d.file("r.trad"), 0, "Opened: recipient 1"},
+      {ec, eckey, 0, "Opened: recipient 2"},  // key agreement
+      {ec, d.file("ec.trad"), 0, "Opened: recipient 2"},
       {crt, other, 1, "PEnvelopedDataProcess::findInKeyTransRecipientInfo-ECSP_DecryptData"},
       {crt, d.file("missing"), 2, "cannot read"},
   };

@@ -6,6 +6,7 @@
 //     DATA     the content of a detached SignedData
 //     C        a certificate (DER or PEM) searched for signers besides the
 //              embedded ones; with K, the recipient of an EnvelopedData
+//     K        its private key: PKCS#8, or a traditional RSA or EC key
 //
 // Exit status: 0 verified; 1 a signature or check refused (the trace goes to
 // stderr); 2 bad arguments or a file that cannot be read.

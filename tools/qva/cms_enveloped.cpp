@@ -3,6 +3,9 @@
 #include <cstdio>
 #include <string>
 
+#include "ZENALib/ASN1Pkix/RECPrivateKey.h"
+#include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
+#include "ZENALib/ASN1Pkix/RRSAPrivateKey.h"
 #include "ZENALib/QSProcess/PEnvelopedDataProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "tools/qva/platform/display.h"
@@ -20,6 +23,37 @@ std::string Hex(const ByteString& bs) {
     out += b;
   }
   return out;
+}
+
+// The key as PKCS#8: a traditional RSAPrivateKey ("RSA PRIVATE KEY") or
+// ECPrivateKey with its curve ("EC PRIVATE KEY") wrapped, any other form
+// as given (the opening then refuses it).
+ByteString AsPrivateKeyInfo(const ByteString& key) {
+  RPrivateKeyInfo info;
+  if (info.fromASN1Object(key) == 0) return key;
+  ByteString oid, params;
+  RRSAPrivateKey rsa;
+  RECPrivateKey ec;
+  if (rsa.fromASN1Object(key) == 0) {
+    oid = "1 2 840 113549 1 1 1";
+    params = ByteString("\x05\x00", 2);
+  } else if (ec.fromASN1Object(key) == 0 && ec.hasParameters()) {
+    oid = "1 2 840 10045 2 1";
+    params = ec.getParameters().toASN1Object();
+    RElementHeader h;  // the curve without the [0] it carries in the key
+    if (params.length() > 0 && params.data()[0] == 0xA0 && RReadHeader(params.data(), params.length(), &h) == 0)
+      params = params.mid(h.headerLength, params.length() - h.headerLength);
+  } else {
+    return key;
+  }
+  RPrivateKeyInfo wrapped;
+  wrapped.getVersion().setInteger(0);
+  wrapped.getPrivateKeyAlgorithm().getAlgorithm().setOID(oid.c_str());
+  RAny any;
+  if (any.setElement(params)) return key;
+  wrapped.getPrivateKeyAlgorithm().setParameters(any);
+  wrapped.getPrivateKey().setValue(key);
+  return wrapped.toASN1Object();
 }
 
 std::string Dotted(ByteString oid) {
@@ -112,8 +146,10 @@ int PrintEnvelopedData(const ByteString& der, const char* certPath, const char* 
 
   ByteString cert, key, content;
   if (!ReadDerOrText(certPath, &cert) || !ReadDerOrText(keyPath, &key)) return 2;
-  const int rc = proc.setRecipientIdentifier(cert) ? proc.getErrorCode() : proc.parseEnvelopedData(der, key);
+  ByteString pkcs8 = AsPrivateKeyInfo(key);
   key.zeroize();
+  const int rc = proc.setRecipientIdentifier(cert) ? proc.getErrorCode() : proc.parseEnvelopedData(der, pkcs8);
+  pkcs8.zeroize();
   if (rc || proc.getContent(content) != 0) {
     std::fprintf(stderr, "qva: %s\n", proc.getErrorMessage().c_str());
     return 1;
