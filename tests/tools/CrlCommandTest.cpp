@@ -39,7 +39,7 @@ TEST(QvaCrl, AnswersAndExitStatus) {
       {D("full.der"), 0, "            Hold Instruction: 1.2.840.10040.2.3\n"},
       {D("full.der"), 0, "            Invalidity Date: Dec 31 00:00:00 2024 GMT\n"},
       {D("delta.der"), 0, "    Delta CRL Indicator: 07\n"},
-      {D("idp-user.der"), 0, "    Issuing Distribution Point: onlyUser\n"},
+      {D("idp-user.der"), 0, "    Issuing Distribution Point: onlyUser\n        URL=http://crl.example.com/ca.crl\n"},
       {kisa + "crl/KISA-RootCA-4.crl --issuer " + kisa + "certs/KISA_RootCA4.der --serial 01", 0,
        "    CRL Number: 0253\n"},
       {D("full.der") + " --issuer " + D("other.der") + " --serial 11", 2,

@@ -20,6 +20,7 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/QSProcess/PCertListProcess.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
+#include "ZENALib/QSProcess/PGeneralNameUtil.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
 #include "tools/qva/platform/display.h"
@@ -130,10 +131,23 @@ void PrintCrl(PCertListProcess& crl) {
   if (crl.getCRLNumber(&text) == 0) std::printf("    CRL Number: %s\n", Hex(text).c_str());
   if (crl.getDeltaCRLIndicator(&text) == 0) std::printf("    Delta CRL Indicator: %s\n", Hex(text).c_str());
   RIssuingDistributionPoint idp;
-  if (crl.getIssuingDistributionPoint(&idp) == 0)
+  if (crl.getIssuingDistributionPoint(&idp) == 0) {
     std::printf("    Issuing Distribution Point:%s%s%s%s\n", idp.isOnlyContainsUserCerts() ? " onlyUser" : "",
                 idp.isOnlyContainsCACerts() ? " onlyCA" : "", idp.isOnlyContainsAttributeCerts() ? " onlyAA" : "",
                 idp.isIndirectCRL() ? " indirectCRL" : "");
+    // The point's full name, one general name a line.
+    RGeneralNames* names = idp.hasDistributionPoint() && idp.getDistributionPoint().isFullName()
+                               ? &idp.getDistributionPoint().getFullName()
+                               : nullptr;
+    for (int i = 0; names && i < names->getCount(); ++i) {
+      ByteString name;
+      PGeneralNameUtil util;
+      if (util.parseGeneralName(*names->getAt(i), &name)) continue;
+      std::string shown = ForDisplay(name.c_str(), name.length());
+      while (!shown.empty() && (shown.back() == '\n' || shown.back() == '\r')) shown.pop_back();
+      std::printf("        %s\n", shown.c_str());
+    }
+  }
   std::printf("    CRL Extensions: %d\n", crl.getCrlExtensionCount());
   std::printf("    Revoked Certificates: %d\n", crl.getRevokedCount());
   for (int i = 0; i < crl.getRevokedCount(); ++i) PrintEntry(crl, i);
