@@ -74,7 +74,13 @@ Result Session::Decide(int type, const std::vector<ByteString>& items, RequestLo
   ByteString der;
   std::string error;
   if (!services_.registry) return {kInternalError, "no database"};
-  if (!Validator::ToDer(items[0], &der) || !services_.registry->Store(der, &error)) return {kInternalError, error};
+  bool known = false;
+  if (!Validator::ToDer(items[0], &der) || !services_.registry->Store(der, &error, &known)) {
+    log->note = error;
+    return {kInternalError, error};
+  }
+  // Whether the row was there already (registered through this or another server).
+  log->note = known ? "known" : "new";
   return r;
 }
 

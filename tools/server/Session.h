@@ -33,6 +33,7 @@ struct RequestLog {
   int type = -1;
   std::string kind = "-";
   std::string verdict = "-";
+  std::string note;  // a registration: "new", "known" or the database's error
 };
 
 class Session {

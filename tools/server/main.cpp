@@ -101,8 +101,8 @@ std::string Now() {
 }
 
 void AccessLog(const std::string& peer, const qvaserver::RequestLog& log, long long micros) {
-  std::printf("%s %s type=%d kind=%s verdict=%s us=%lld\n", Now().c_str(), peer.c_str(), log.type, log.kind.c_str(),
-              log.verdict.c_str(), micros);
+  std::printf("%s %s type=%d kind=%s verdict=%s us=%lld%s%s\n", Now().c_str(), peer.c_str(), log.type,
+              log.kind.c_str(), log.verdict.c_str(), micros, log.note.empty() ? "" : " note=", log.note.c_str());
 }
 
 Connection::Connection(Server* server, tcp::socket socket)
@@ -227,6 +227,16 @@ bool ReadBytes(const std::string& path, int pemType, ByteString* out) {
   return true;
 }
 
+// A database URI as it may be printed: without the password of its user part.
+std::string Redacted(const std::string& where) {
+  const std::size_t scheme = where.find("://");
+  const std::size_t at = where.find('@');
+  if (scheme == std::string::npos || at == std::string::npos) return where;
+  const std::size_t colon = where.find(':', scheme + 3);
+  if (colon == std::string::npos || colon > at) return where;
+  return where.substr(0, colon + 1) + "***" + where.substr(at);
+}
+
 // --time: seconds since 1970 or a GeneralizedTime text (YYYYMMDDhhmmssZ).
 bool ParseTime(const std::string& text, std::time_t* out) {
   if (!text.empty() && text.find_first_not_of("0123456789") == std::string::npos && text.size() <= 12) {
@@ -260,7 +270,7 @@ int main(int argc, char** argv) {
   app.add_option("--anchors", config.anchorDir, "directory of trust anchors (DER or PEM)")->required();
   app.add_option("--intermediates", config.intermediateDir, "directory of intermediate CA certificates");
   app.add_option("--crls", config.crlDir, "directory of CRLs; without it revocation is not checked");
-  app.add_option("--db", database, "SQLite database of registered certificates");
+  app.add_option("--db", database, "registered certificates: SQLite file, or postgresql:// URI shared by servers");
   app.add_option("--cert", certFile, "server certificate for the handshake (DER or PEM)");
   app.add_option("--key", keyFile, "server private key for the handshake (PKCS#8, DER or PEM)");
   app.add_option("--policy", config.policies, "accepted certificate policy OID (repeatable); default any");
@@ -294,9 +304,10 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "qva-server: %s\n", error.c_str());
     return 1;
   }
-  qvaserver::Registry registry;
-  if (!database.empty() && !registry.Open(database, &error)) {
-    std::fprintf(stderr, "qva-server: %s: %s\n", database.c_str(), error.c_str());
+  // Each worker holds at most one database connection at a time.
+  std::unique_ptr<qvaserver::Registry> registry;
+  if (!database.empty() && !(registry = qvaserver::Registry::Open(database, workers, &error))) {
+    std::fprintf(stderr, "qva-server: %s: %s\n", Redacted(database).c_str(), error.c_str());
     return 1;
   }
   ByteString certificate, privateKey;
@@ -307,7 +318,7 @@ int main(int argc, char** argv) {
   }
   qvaserver::Services services;
   services.validator = &validator;
-  services.registry = database.empty() ? nullptr : &registry;
+  services.registry = registry.get();
   if (!certFile.empty()) {
     services.certificate = &certificate;
     services.privateKey = &privateKey;
