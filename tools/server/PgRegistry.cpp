@@ -56,6 +56,8 @@ PGconn* PgRegistry::Connect(std::string* error) {
     PQfinish(c);
     return nullptr;
   }
+  // The database's notices ("already exists, skipping") are not the server's to print.
+  PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
   // The answer "0" must mean the row is durable: a server-wide asynchronous
   // commit is overridden for these sessions. A statement is never left
   // waiting without end.
