@@ -20,9 +20,11 @@ namespace qvaserver {
 
 class Validator;
 class Registry;
+class TrustStore;
 
 struct Services {
   Validator* validator = nullptr;
+  TrustStore* trust = nullptr;     // when set, its current validator is used instead
   Registry* registry = nullptr;    // null: registrations answer an internal error
   const ByteString* certificate = nullptr;  // null: no handshake offered
   const ByteString* privateKey = nullptr;

@@ -19,7 +19,7 @@
 #include "base/QSBase.h"
 #include "tools/server/Registry.h"
 #include "tools/server/Session.h"
-#include "tools/server/Validator.h"
+#include "tools/server/TrustStore.h"
 
 namespace {
 
@@ -298,9 +298,9 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "qva-server: --cert and --key go together\n");
     return 2;
   }
-  qvaserver::Validator validator;
+  qvaserver::TrustStore trust;
   std::string error;
-  if (!validator.Load(config, &error)) {
+  if (!trust.Load(config, &error)) {
     std::fprintf(stderr, "qva-server: %s\n", error.c_str());
     return 1;
   }
@@ -317,7 +317,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   qvaserver::Services services;
-  services.validator = &validator;
+  services.trust = &trust;
   services.registry = registry.get();
   if (!certFile.empty()) {
     services.certificate = &certificate;
@@ -334,7 +334,7 @@ int main(int argc, char** argv) {
     });
     std::printf("listening on %s:%u\n", listen.c_str(), server.port());
     std::fprintf(stderr, "qva-server: %zu anchor(s), %zu intermediate(s), revocation %s, %zu worker(s)\n",
-                 validator.AnchorCount(), validator.IntermediateCount(),
+                 trust.Current()->AnchorCount(), trust.Current()->IntermediateCount(),
                  config.crlDir.empty() ? "not checked" : "from CRLs", workers);
     server.Accept();
     io.run();
