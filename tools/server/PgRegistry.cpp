@@ -25,6 +25,16 @@ constexpr const char* kInsert =
     "INSERT INTO registered (fingerprint, certificate, registered_at)"
     " VALUES ($1, $2, extract(epoch from now())::bigint) ON CONFLICT (fingerprint) DO NOTHING";
 
+// True when a failed statement says its connection is gone: libpq has
+// marked it bad, or the failure carries no state from the server (a lost
+// socket may still read as open until the next call), or the state is a
+// connection failure (08...) or the server going down (57P...).
+bool ConnectionLost(PGconn* c, const PGresult* r) {
+  if (PQstatus(c) != CONNECTION_OK) return true;
+  const char* state = r ? PQresultErrorField(r, PG_DIAG_SQLSTATE) : nullptr;
+  return state == nullptr || std::strncmp(state, "08", 2) == 0 || std::strncmp(state, "57P", 3) == 0;
+}
+
 // libpq's texts end in a line break, which the access log and the answer do not want.
 std::string Trimmed(const char* text) {
   std::string s = text ? text : "";
@@ -109,11 +119,11 @@ PGconn* PgRegistry::Acquire(std::string* error) {
   return c;
 }
 
-void PgRegistry::Release(PGconn* c) {
+void PgRegistry::Release(PGconn* c, bool lost) {
   std::vector<PGconn*> stale;
   {
     std::lock_guard<std::mutex> guard(lock_);
-    if (PQstatus(c) == CONNECTION_OK) {
+    if (!lost && PQstatus(c) == CONNECTION_OK) {
       idle_.push_back(c);
     } else {
       // The idle connections went to the same server: most likely broken too.
@@ -144,11 +154,11 @@ bool PgRegistry::Store(const ByteString& der, std::string* error, bool* known) {
     const bool ok = PQresultStatus(r) == PGRES_COMMAND_OK;
     if (ok && known) *known = std::strcmp(PQcmdTuples(r), "0") == 0;
     if (!ok) *error = Trimmed(r ? PQresultErrorMessage(r) : PQerrorMessage(c));
+    const bool lost = !ok && ConnectionLost(c, r);
     PQclear(r);
-    const bool broken = PQstatus(c) != CONNECTION_OK;
-    Release(c);
+    Release(c, lost);
     if (ok) return true;
-    if (!broken) return false;
+    if (!lost) return false;
   }
   return false;
 }
@@ -160,11 +170,12 @@ long PgRegistry::Count() {
     if (c == nullptr) return -1;
     PGresult* r = PQexec(c, "SELECT COUNT(*) FROM registered");
     long n = -1;
-    if (PQresultStatus(r) == PGRES_TUPLES_OK && PQntuples(r) == 1) n = std::strtol(PQgetvalue(r, 0, 0), nullptr, 10);
+    const bool ok = PQresultStatus(r) == PGRES_TUPLES_OK && PQntuples(r) == 1;
+    if (ok) n = std::strtol(PQgetvalue(r, 0, 0), nullptr, 10);
+    const bool lost = !ok && ConnectionLost(c, r);
     PQclear(r);
-    const bool broken = PQstatus(c) != CONNECTION_OK;
-    Release(c);
-    if (n >= 0 || !broken) return n;
+    Release(c, lost);
+    if (!lost) return n;
   }
   return -1;
 }

@@ -37,8 +37,9 @@ class PgRegistry : public Registry {
   // A connection for one statement: an idle one, or a new one while fewer
   // than the limit are open; waits a bounded time for one to come back.
   PGconn* Acquire(std::string* error);
-  // Gives the connection back, or closes it (and the idle ones) when broken.
-  void Release(PGconn* c);
+  // Gives the connection back, or closes it (and the idle ones beside it)
+  // when it was lost.
+  void Release(PGconn* c, bool lost = false);
   PGconn* Connect(std::string* error);
 
   std::string uri_;
