@@ -45,8 +45,8 @@
 #include <thread>
 #include <vector>
 
-#include "pg_cluster.h"
 #include "qva/qva.h"
+#include "tests/support/PgCluster.h"
 
 namespace {
 
@@ -435,10 +435,12 @@ int main(int argc, char** argv) {
   const int kClientThreads = 8;
   const auto leaves = RegistrationLeaves(f, static_cast<int>(4 * seconds * 4000) + 2000);
   std::atomic<std::size_t> nextLeaf{0};
-  PgCluster cluster;
+  // Durability as shipped (fsync on), like the SQLite rows' synchronous FULL.
+  // Static: a Fail() (std::exit) still stops and removes it.
+  static qvatest::PgCluster cluster;
   if (pgUri.empty()) {
     std::string error;
-    if (StartPgCluster(&cluster, &error)) pgUri = PgClusterUri(cluster);
+    if (cluster.Start(&error, true)) pgUri = cluster.Uri();
     else std::printf("PostgreSQL rows left out: %s\n", error.c_str());
   }
   struct Backend {
@@ -483,7 +485,6 @@ int main(int argc, char** argv) {
     for (const Server& sv : servers) StopServer(sv);
     Print("validation (QVA_Verify), 2 servers", kClientThreads, row);
   }
-  StopPgCluster(&cluster);
   if (keep.empty()) std::filesystem::remove_all(f.dir);
   return 0;
 }

@@ -1,20 +1,14 @@
 #include "tests/tools/ClusterFixture.h"
 
-#include <fcntl.h>
-#include <grp.h>
 #include <openssl/evp.h>
 #include <openssl/x509.h>
 #include <openssl/x509v3.h>
-#include <pwd.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 #include "libaibase/clroamingmessage.h"
 #include "libqvaclient/csecuretunnel.h"
@@ -25,170 +19,35 @@
 #endif
 
 namespace qvatest {
-namespace {
 
-using Clock = std::chrono::steady_clock;
-
-// Runs argv as the cluster's owner in dir, output appended to dir/commands.log;
-// killed after `seconds`. True when it exits with 0.
-bool RunAsOwner(const std::vector<std::string>& args, const std::string& dir, int seconds) {
-  const pid_t pid = ::fork();
-  if (pid < 0) return false;
-  if (pid == 0) {
-    const int log = ::open((dir + "/commands.log").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
-    if (log >= 0) {
-      ::dup2(log, 1);
-      ::dup2(log, 2);
-    }
-    // PostgreSQL refuses to run as root.
-    if (::geteuid() == 0) {
-      const passwd* pw = ::getpwnam("nobody");
-      if (pw == nullptr || ::setgroups(0, nullptr) != 0 || ::setgid(pw->pw_gid) != 0 || ::setuid(pw->pw_uid) != 0)
-        _exit(126);
-    }
-    if (::chdir(dir.c_str()) != 0) _exit(126);
-    std::vector<char*> argv;
-    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    ::execv(argv[0], argv.data());
-    _exit(127);
-  }
-  const auto deadline = Clock::now() + std::chrono::seconds(seconds);
-  int status = 0;
-  while (::waitpid(pid, &status, WNOHANG) == 0) {
-    if (Clock::now() > deadline) {
-      ::kill(pid, SIGKILL);
-      ::waitpid(pid, &status, 0);
-      return false;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-}  // namespace
-
-std::string PgCluster::FindBin() {
-  std::vector<std::string> candidates;
-  if (const char* path = std::getenv("PATH")) {
-    std::string p = path;
-    for (std::size_t at = 0; at <= p.size();) {
-      const std::size_t end = p.find(':', at);
-      candidates.push_back(p.substr(at, end == std::string::npos ? std::string::npos : end - at));
-      if (end == std::string::npos) break;
-      at = end + 1;
-    }
-  }
-  // Debian keeps the server programs off PATH, one folder per major version.
-  for (int v = 20; v >= 11; --v) candidates.push_back("/usr/lib/postgresql/" + std::to_string(v) + "/bin");
-  for (const auto& dir : candidates) {
-    if (dir.empty()) continue;
-    if (::access((dir + "/initdb").c_str(), X_OK) == 0 && ::access((dir + "/pg_ctl").c_str(), X_OK) == 0) {
-      // The real folder, so that pg_ctl finds postgres beside itself.
-      char real[4096];
-      if (::realpath((dir + "/initdb").c_str(), real) == nullptr) continue;
-      const std::string r = real;
-      return r.substr(0, r.rfind('/'));
-    }
-  }
-  return {};
-}
-
-bool PgCluster::Ctl(const std::vector<std::string>& args, std::string* error) {
-  if (RunAsOwner(args, dir_, 60)) return true;
-  if (error) *error = args[0] + " failed: " + ReadFile(dir_ + "/commands.log") + ReadFile(dir_ + "/server.log");
-  return false;
-}
-
-bool PgCluster::Start(std::string* error) {
-  if (dir_.empty()) {
-    bin_ = FindBin();
-    if (bin_.empty()) {
-      *error = "initdb not found";
-      return false;
-    }
-    char tmpl[] = "/tmp/qva-pg.XXXXXX";
-    if (::mkdtemp(tmpl) == nullptr) {
-      *error = "mkdtemp failed";
-      return false;
-    }
-    dir_ = tmpl;
-    if (::geteuid() == 0) {
-      const passwd* pw = ::getpwnam("nobody");
-      if (pw == nullptr || ::chown(dir_.c_str(), pw->pw_uid, pw->pw_gid) != 0) {
-        *error = "cannot give the folder to nobody";
-        return false;
-      }
-    }
-    if (!Ctl({bin_ + "/initdb", "-D", dir_ + "/data", "-A", "trust", "-U", "qva", "-E", "UTF8", "--locale=C",
-              "--no-sync"},
-             error))
-      return false;
-  }
-  // No TCP listener: the socket lives in the folder. fsync off: the tests
-  // restart the database, never the machine.
-  running_ = Ctl({bin_ + "/pg_ctl", "-D", dir_ + "/data", "-l", dir_ + "/server.log", "-w", "-t", "30", "-o",
-                  "-c listen_addresses='' -k " + dir_ + " -c fsync=off", "start"},
-                 error);
-  return running_;
-}
-
-bool PgCluster::Stop(const char* mode) {
-  if (!running_) return true;
-  running_ = !Ctl({bin_ + "/pg_ctl", "-D", dir_ + "/data", "-m", mode, "-w", "-t", "30", "stop"}, nullptr);
-  return !running_;
-}
-
-PgCluster::~PgCluster() {
-  Stop("immediate");
-  if (!dir_.empty()) Run("rm -rf '" + dir_ + "'");
-}
-
-std::string PgCluster::Uri() const { return "postgresql:///postgres?host=" + dir_ + "&user=qva"; }
-
-#ifdef QVA_WITH_POSTGRESQL
-namespace {
-// The first column of every row of a query, or nothing when it fails.
-bool Query(const std::string& uri, const char* sql, bool binary, std::vector<std::string>* out) {
+bool Query(const std::string& uri, const char* sql, std::vector<std::string>* rows) {
+#ifndef QVA_WITH_POSTGRESQL
+  return uri.empty() && sql && rows && false;
+#else
   PGconn* c = PQconnectdb(uri.c_str());
   bool ok = PQstatus(c) == CONNECTION_OK;
   if (ok) {
-    PGresult* r = PQexecParams(c, sql, 0, nullptr, nullptr, nullptr, nullptr, binary ? 1 : 0);
+    PGresult* r = PQexecParams(c, sql, 0, nullptr, nullptr, nullptr, nullptr, 1);
     ok = PQresultStatus(r) == PGRES_TUPLES_OK;
     for (int i = 0; ok && i < PQntuples(r); ++i)
-      out->emplace_back(PQgetvalue(r, i, 0), static_cast<std::size_t>(PQgetlength(r, i, 0)));
+      rows->emplace_back(PQgetvalue(r, i, 0), static_cast<std::size_t>(PQgetlength(r, i, 0)));
     PQclear(r);
   }
   PQfinish(c);
   return ok;
-}
-}  // namespace
-
-long PgCluster::Rows() const {
-  std::vector<std::string> v;
-  return Query(Uri(), "SELECT COUNT(*) FROM registered", false, &v) && v.size() == 1 ? std::stol(v[0]) : -1;
-}
-
-std::set<std::string> PgCluster::Fingerprints() const {
-  std::vector<std::string> v;
-  Query(Uri(), "SELECT fingerprint FROM registered", true, &v);
-  return {v.begin(), v.end()};
-}
-#else
-long PgCluster::Rows() const { return -1; }
-std::set<std::string> PgCluster::Fingerprints() const { return {}; }
 #endif
+}
 
 ServerProcess::ServerProcess(const std::vector<std::string>& args) {
   int fds[2];
   if (::pipe(fds) != 0) return;
+  std::vector<char*> argv{const_cast<char*>(QVA_SERVER)};
+  for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
   pid_ = ::fork();
   if (pid_ == 0) {
     ::dup2(fds[1], 1);
     ::close(fds[0]);
-    std::vector<char*> argv{const_cast<char*>(QVA_SERVER)};
-    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
     ::execv(QVA_SERVER, argv.data());
     _exit(127);
   }
@@ -280,6 +139,12 @@ LeafFactory::~LeafFactory() {
   EVP_PKEY_free(keys_->root);
   EVP_PKEY_free(keys_->leaf);
   delete keys_;
+}
+
+std::vector<std::string> LeafFactory::Leaves(long first, int n) const {
+  std::vector<std::string> v;
+  for (int i = 0; i < n; ++i) v.push_back(Leaf(first + i));
+  return v;
 }
 
 std::string LeafFactory::Leaf(long serial) const {
