@@ -84,6 +84,8 @@ TEST(RegistryOpen, RefusesWhatItCannotOpen) {
     std::string error;
     EXPECT_FALSE(Registry::Open(c.where, 1, &error)) << c.where;
     EXPECT_FALSE(error.empty()) << c.where;
+    // One line: it goes into the access log.
+    EXPECT_EQ(error.find_first_of("\r\n\t"), std::string::npos) << error;
   }
   // Neither a file named after the scheme nor another scheme is PostgreSQL.
   EXPECT_FALSE(Registry::IsPostgresUri("postgresql.db"));

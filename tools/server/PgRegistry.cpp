@@ -35,10 +35,16 @@ bool ConnectionLost(PGconn* c, const PGresult* r) {
   return state == nullptr || std::strncmp(state, "08", 2) == 0 || std::strncmp(state, "57P", 3) == 0;
 }
 
-// libpq's texts end in a line break, which the access log and the answer do not want.
+// libpq's texts run over several lines; the access log keeps one line per
+// request, so line breaks and tabs become single blanks.
 std::string Trimmed(const char* text) {
-  std::string s = text ? text : "";
-  while (!s.empty() && (s.back() == '\n' || s.back() == '\r' || s.back() == ' ')) s.pop_back();
+  std::string s;
+  for (const char* p = text ? text : ""; *p; ++p) {
+    const bool blank = *p == '\n' || *p == '\r' || *p == '\t' || *p == ' ';
+    if (!blank) s += *p;
+    else if (!s.empty() && s.back() != ' ') s += ' ';
+  }
+  while (!s.empty() && s.back() == ' ') s.pop_back();
   return s.empty() ? "database error" : s;
 }
 
