@@ -101,14 +101,14 @@ bool PgCluster::Start(std::string* error, bool fsync) {
       return false;
   }
   running_ = Run({bin_ + "/pg_ctl", "-D", dir_ + "/data", "-l", dir_ + "/server.log", "-w", "-t", "30", "-o",
-                  "-c listen_addresses='' -c max_connections=200 -k " + dir_ + (fsync ? "" : " -c fsync=off"),
-                  "start"},
+                  "-c listen_addresses='' -c max_connections=200 -k " + dir_ + (fsync ? "" : " -c fsync=off"), "start"},
                  error);
   return running_;
 }
 
 bool PgCluster::Stop(const char* mode) {
-  if (running_) running_ = !Run({bin_ + "/pg_ctl", "-D", dir_ + "/data", "-m", mode, "-w", "-t", "30", "stop"}, nullptr);
+  if (running_)
+    running_ = !Run({bin_ + "/pg_ctl", "-D", dir_ + "/data", "-m", mode, "-w", "-t", "30", "stop"}, nullptr);
   return !running_;
 }
 

@@ -40,7 +40,8 @@ TEST(SqliteRegistry, SecondRegistrationIsKnownAndAddsNoRow) {
 // Refused without the database, with its error; served again, from the same
 // pool, as soon as it is back, however it went away.
 TEST(PgRegistry, LivesThroughDatabaseRestarts) {
-  if (qvatest::PgCluster::FindBin().empty()) GTEST_SKIP() << "initdb not found: the postgresql package is not installed";
+  if (qvatest::PgCluster::FindBin().empty())
+    GTEST_SKIP() << "initdb not found: the postgresql package is not installed";
   if (!Registry::HasPostgres()) GTEST_SKIP() << "qva-server was built without libpq";
   qvatest::PgCluster cluster;
   std::string error;
@@ -74,9 +75,9 @@ TEST(RegistryOpen, RefusesWhatItCannotOpen) {
     const char* where;
     bool postgres;
   } cases[] = {
-      {"/nonexistent-dir/registry.db", false},               // SQLite: folder missing
+      {"/nonexistent-dir/registry.db", false},                 // SQLite: folder missing
       {"postgresql:///postgres?host=/nonexistent-dir", true},  // no server at that socket
-      {"postgres://qva@127.0.0.1:1/postgres", true},         // refused port
+      {"postgres://qva@127.0.0.1:1/postgres", true},           // refused port
   };
   for (const auto& c : cases) {
     EXPECT_EQ(Registry::IsPostgresUri(c.where), c.postgres) << c.where;

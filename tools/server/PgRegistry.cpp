@@ -41,8 +41,10 @@ std::string Trimmed(const char* text) {
   std::string s;
   for (const char* p = text ? text : ""; *p; ++p) {
     const bool blank = *p == '\n' || *p == '\r' || *p == '\t' || *p == ' ';
-    if (!blank) s += *p;
-    else if (!s.empty() && s.back() != ' ') s += ' ';
+    if (!blank)
+      s += *p;
+    else if (!s.empty() && s.back() != ' ')
+      s += ' ';
   }
   while (!s.empty() && s.back() == ' ') s.pop_back();
   return s.empty() ? "database error" : s;
@@ -73,7 +75,8 @@ PGconn* PgRegistry::Connect(std::string* error) {
     return nullptr;
   }
   // The database's notices ("already exists, skipping") are not the server's to print.
-  PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
+  PQsetNoticeProcessor(
+      c, [](void*, const char*) {}, nullptr);
   // The answer "0" must mean the row is durable: a server-wide asynchronous
   // commit is overridden for these sessions. A statement is never left
   // waiting without end.

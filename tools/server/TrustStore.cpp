@@ -69,8 +69,8 @@ std::shared_ptr<Validator> TrustStore::Current() {
   std::string error;
   const bool ok = v->Load(config_, &error);
   if (ok)
-    std::fprintf(stderr, "qva-server: trust anchors reloaded: %zu anchor(s), %zu intermediate(s)\n",
-                 v->AnchorCount(), v->IntermediateCount());
+    std::fprintf(stderr, "qva-server: trust anchors reloaded: %zu anchor(s), %zu intermediate(s)\n", v->AnchorCount(),
+                 v->IntermediateCount());
   else
     std::fprintf(stderr, "qva-server: trust anchors not reloaded, the previous ones stay: %s\n", error.c_str());
   std::lock_guard<std::mutex> guard(lock_);

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <asio.hpp>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdint>
@@ -227,14 +228,20 @@ bool ReadBytes(const std::string& path, int pemType, ByteString* out) {
   return true;
 }
 
-// A database URI as it may be printed: without the password of its user part.
-std::string Redacted(const std::string& where) {
+// A database URI as it may be printed: without the password of its user
+// part or of a password= parameter.
+std::string Redacted(std::string where) {
   const std::size_t scheme = where.find("://");
   const std::size_t at = where.find('@');
-  if (scheme == std::string::npos || at == std::string::npos) return where;
-  const std::size_t colon = where.find(':', scheme + 3);
-  if (colon == std::string::npos || colon > at) return where;
-  return where.substr(0, colon + 1) + "***" + where.substr(at);
+  const std::size_t colon = scheme == std::string::npos ? std::string::npos : where.find(':', scheme + 3);
+  if (at != std::string::npos && colon < at) where = where.substr(0, colon + 1) + "***" + where.substr(at);
+  const std::size_t query = where.find('?');
+  for (std::size_t p = where.find("password=", query); query != std::string::npos && p != std::string::npos;
+       p = where.find("password=", p + 1)) {
+    const std::size_t value = p + 9, end = std::min(where.find('&', value), where.size());
+    if (where[p - 1] == '?' || where[p - 1] == '&') where.replace(value, end - value, "***");
+  }
+  return where;
 }
 
 // --time: seconds since 1970 or a GeneralizedTime text (YYYYMMDDhhmmssZ).
