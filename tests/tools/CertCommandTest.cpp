@@ -99,14 +99,14 @@ std::string HexValue(const std::string& s) {
 }
 
 // An openssl name in qva's notation: attribute names lower-cased, emailAddress
-// shown as "e", the members of a multi-valued RDN separated by ',' as well.
+// shown as "e", the members of a multi-valued RDN joined by '+' as there.
 std::string LowerKeys(const std::string& name) {
   std::string out;
   bool inKey = true;
   for (char c : name) {
     if (c == '=') inKey = false;
     if (c == ',' || c == '+') inKey = true;
-    out += inKey ? (c == '+' ? ',' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)))) : c;
+    out += inKey ? static_cast<char>(std::tolower(static_cast<unsigned char>(c))) : c;
   }
   for (std::size_t at = out.find("emailaddress="); at != std::string::npos; at = out.find("emailaddress=", at))
     out.replace(at, 13, "e=");
