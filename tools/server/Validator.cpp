@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <set>
 
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RNameConstraints.h"
@@ -16,6 +18,7 @@
 #include "ZENALib/QSProcess/PCertUtil.h"
 #include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/PSignedDataProcess.h"
+#include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
 
 namespace qvaserver {
@@ -169,10 +172,12 @@ std::int64_t Seconds(const RTime& t) {
 }
 
 // True when the name `base` is an initial run of the RDNs of `name`.
-bool WithinDirectory(RRDNSequence& base, RRDNSequence& name) {
+bool WithinDirectory(const RRDNSequence& base, const RRDNSequence& name) {
   if (base.getCount() > name.getCount()) return false;
-  for (int i = 0; i < base.getCount(); ++i)
-    if (base.getAt(i)->toASN1Object() != name.getAt(i)->toASN1Object()) return false;
+  for (int i = 0; i < base.getCount(); ++i) {
+    RRelativeDistinguishedName a = *base.getAt(i), b = *name.getAt(i);  // encoding needs non-const
+    if (a.toASN1Object() != b.toASN1Object()) return false;
+  }
   return true;
 }
 
@@ -181,56 +186,333 @@ std::string Lower(std::string s) {
   return s;
 }
 
-// True when the host name is the constraint's domain or a name below it.
-bool WithinDns(const std::string& base, const std::string& host) {
-  const std::string b = Lower(base), h = Lower(host);
-  if (b.empty()) return true;
-  if (h == b) return true;
-  if (b[0] == '.') return h.size() > b.size() && h.compare(h.size() - b.size(), b.size(), b) == 0;
-  return h.size() > b.size() && h.compare(h.size() - b.size(), b.size(), b) == 0 && h[h.size() - b.size() - 1] == '.';
+bool EndsWith(const std::string& s, const std::string& tail) {
+  return s.size() >= tail.size() && s.compare(s.size() - tail.size(), tail.size(), tail) == 0;
 }
 
-// The directory-name and DNS-name parts of a CA's nameConstraints, applied to
-// the subject and the dNSName alternative names of a certificate below it.
-// Other name forms in the constraints are not evaluated.
-bool MeetsNameConstraints(RNameConstraints& nc, PCertUtil& cert) {
+// True when the host name is the constraint's domain or a name below it; a
+// constraint with a leading "." takes names below it only.
+bool WithinDns(const std::string& base, const std::string& host) {
+  const std::string b = Lower(base), h = Lower(host);
+  if (b.empty() || h == b) return true;
+  if (b[0] == '.') return h.size() > b.size() && EndsWith(h, b);
+  return h.size() > b.size() && EndsWith(h, b) && h[h.size() - b.size() - 1] == '.';
+}
+
+// An rfc822Name constraint is a whole mailbox (local part compared exactly,
+// host without regard to case), a host ("example.com": mailboxes at that host
+// only) or a domain (".example.com": mailboxes at hosts below it).
+bool WithinMailbox(const std::string& base, const std::string& mailbox) {
+  const std::size_t at = mailbox.rfind('@');
+  if (at == std::string::npos) return false;
+  const std::string host = Lower(mailbox.substr(at + 1));
+  const std::size_t baseAt = base.rfind('@');
+  if (baseAt != std::string::npos)
+    return base.compare(0, baseAt, mailbox, 0, at) == 0 && baseAt == at && Lower(base.substr(baseAt + 1)) == host;
+  const std::string b = Lower(base);
+  if (!b.empty() && b[0] == '.') return host.size() > b.size() && EndsWith(host, b);
+  return host == b;
+}
+
+// The host of a URI with an authority ("scheme://[user@]host[:port]/..."),
+// or "" when it has none: such a URI cannot meet a URI constraint.
+std::string UriHost(const std::string& uri) {
+  const std::size_t colon = uri.find(':');
+  if (colon == std::string::npos || uri.compare(colon, 3, "://") != 0) return "";
+  std::string authority = uri.substr(colon + 3);
+  authority = authority.substr(0, authority.find_first_of("/?#"));
+  const std::size_t at = authority.rfind('@');
+  if (at != std::string::npos) authority = authority.substr(at + 1);
+  if (!authority.empty() && authority[0] == '[') return authority.substr(0, authority.find(']') + 1);
+  return authority.substr(0, authority.find(':'));
+}
+
+// A URI constraint is a host ("host.example": that host only) or a domain
+// (".example": hosts below it).
+bool WithinUri(const std::string& base, const std::string& uri) {
+  const std::string host = Lower(UriHost(uri)), b = Lower(base);
+  if (host.empty()) return false;
+  if (!b.empty() && b[0] == '.') return host.size() > b.size() && EndsWith(host, b);
+  return host == b;
+}
+
+// An iPAddress constraint is an address followed by its mask (8 octets for
+// IPv4, 32 for IPv6); an address of the other version never falls within it.
+bool WithinAddress(const ByteString& base, const ByteString& address) {
+  const int n = address.length();
+  if (base.length() != 2 * n) return false;
+  for (int i = 0; i < n; ++i) {
+    const unsigned char mask = base.data()[n + i];
+    if ((address.data()[i] & mask) != (base.data()[i] & mask)) return false;
+  }
+  return true;
+}
+
+// The names of one certificate that name constraints apply to.
+struct CertNames {
   RRDNSequence subject;
-  if (cert.getSubject(&subject) != 0) return false;
-  std::vector<std::string> hosts;
+  std::vector<RRDNSequence> directories;  // directoryName alternative names
+  std::vector<std::string> mailboxes;     // rfc822Name and the subject's emailAddress values
+  std::vector<std::string> hosts;         // dNSName
+  std::vector<std::string> uris;          // uniformResourceIdentifier
+  std::vector<ByteString> addresses;      // iPAddress
+  bool otherForms = false;                // otherName, x400Address, ediPartyName or registeredID present
+};
+
+bool CollectNames(PCertUtil& cert, CertNames* out) {
+  if (cert.getSubject(&out->subject) != 0) return false;
+  for (const RRelativeDistinguishedName& rdn : out->subject.items())
+    for (const RAttributeTypeAndValue& atv : rdn.items()) {
+      if (const_cast<ASN1ObjectIdentifier&>(atv.getType()).getOID(' ') != ByteString("1 2 840 113549 1 9 1")) continue;
+      ByteString mailbox;
+      if (UDNSettings::Value2Str(atv.getValue().getElement(), &mailbox) != 0) return false;
+      out->mailboxes.push_back(Text(mailbox));
+    }
   RGeneralNames alt;
-  if (cert.getSubjectAltNames(&alt) == 0)
-    for (int i = 0; i < alt.getCount(); ++i)
-      if (alt.getAt(i)->isDNSName()) hosts.push_back(Text(alt.getAt(i)->getDNSName().getValue()));
-  if (nc.hasExcludedSubtrees()) {
-    RGeneralSubtrees& ex = nc.getExcludedSubtrees();
-    for (int i = 0; i < ex.getCount(); ++i) {
-      RGeneralName& base = ex.getAt(i)->getBase();
-      if (base.isDirectoryName() && subject.getCount() > 0 && WithinDirectory(base.getDirectoryName(), subject))
-        return false;
-      if (base.isDNSName())
-        for (const std::string& h : hosts)
-          if (WithinDns(Text(base.getDNSName().getValue()), h)) return false;
+  if (cert.getSubjectAltNames(&alt) != 0) return cert.m_nSubjectAlternativeNames < 0;
+  for (const RGeneralName& name : alt.items()) {
+    if (name.isDirectoryName())
+      out->directories.push_back(name.getDirectoryName());
+    else if (name.isRfc822Name())
+      out->mailboxes.push_back(Text(name.getRfc822Name().getValue()));
+    else if (name.isDNSName())
+      out->hosts.push_back(Text(name.getDNSName().getValue()));
+    else if (name.isUniformResourceIdentifier())
+      out->uris.push_back(Text(name.getUniformResourceIdentifier().getValue()));
+    else if (name.isIPAddress())
+      out->addresses.push_back(name.getIPAddress().getValue());
+    else
+      out->otherForms = true;
+  }
+  return true;
+}
+
+enum class NameCheck { kMet, kOutside, kUncheckable };
+
+// Names of one form, each tested against the subtrees of that form: outside
+// when one falls within an excluded subtree, or when the permitted subtrees
+// hold that form and a name falls within none of them.
+template <typename Name, typename Match>
+bool FormMet(const std::vector<Name>& names, const std::vector<const RGeneralName*>& permitted,
+             const std::vector<const RGeneralName*>& excluded, Match within) {
+  for (const Name& name : names) {
+    for (const RGeneralName* base : excluded)
+      if (within(*base, name)) return false;
+    bool any = false, inside = false;
+    for (const RGeneralName* base : permitted)
+      if (within.Applies(*base)) {
+        any = true;
+        inside = inside || within(*base, name);
+      }
+    if (any && !inside) return false;
+  }
+  return true;
+}
+
+template <bool (RGeneralName::*Is)() const, typename Test>
+struct FormMatch {
+  Test test;
+  bool Applies(const RGeneralName& base) const { return (base.*Is)(); }
+  template <typename Name>
+  bool operator()(const RGeneralName& base, const Name& name) const {
+    return (base.*Is)() && test(base, name);
+  }
+};
+
+template <bool (RGeneralName::*Is)() const, typename Test>
+FormMatch<Is, Test> Form(Test test) {
+  return FormMatch<Is, Test>{test};
+}
+
+// A CA's nameConstraints against the names of a certificate below it. Excluded
+// subtrees win over permitted ones. A subtree of a form not evaluated here
+// (otherName, x400Address, ediPartyName, registeredID), or one with a
+// minimum or maximum, cannot be honoured: it refuses when names of such a
+// form are present below, or always for minimum and maximum.
+NameCheck CheckNames(const RNameConstraints& nc, const CertNames& names) {
+  std::vector<const RGeneralName*> permitted, excluded;
+  bool otherForms = false;
+  for (int side = 0; side < 2; ++side) {
+    const bool has = side == 0 ? nc.hasPermittedSubtrees() : nc.hasExcludedSubtrees();
+    if (!has) continue;
+    const RGeneralSubtrees& trees = side == 0 ? nc.getPermittedSubtrees() : nc.getExcludedSubtrees();
+    for (const RGeneralSubtree& tree : trees.items()) {
+      if ((tree.hasMinimum() && tree.getMinimum().getInteger() != 0) || tree.hasMaximum())
+        return NameCheck::kUncheckable;
+      const RGeneralName& base = tree.getBase();
+      if (!(base.isDirectoryName() || base.isRfc822Name() || base.isDNSName() || base.isUniformResourceIdentifier() ||
+            base.isIPAddress()))
+        otherForms = true;
+      (side == 0 ? permitted : excluded).push_back(&base);
     }
   }
-  if (nc.hasPermittedSubtrees()) {
-    RGeneralSubtrees& per = nc.getPermittedSubtrees();
-    bool anyDir = false, dirOk = false, anyDns = false;
-    std::vector<bool> hostOk(hosts.size(), false);
-    for (int i = 0; i < per.getCount(); ++i) {
-      RGeneralName& base = per.getAt(i)->getBase();
-      if (base.isDirectoryName()) {
-        anyDir = true;
-        dirOk = dirOk || WithinDirectory(base.getDirectoryName(), subject);
-      } else if (base.isDNSName()) {
-        anyDns = true;
-        for (std::size_t h = 0; h < hosts.size(); ++h)
-          hostOk[h] = hostOk[h] || WithinDns(Text(base.getDNSName().getValue()), hosts[h]);
+  if (otherForms && names.otherForms) return NameCheck::kUncheckable;
+  std::vector<RRDNSequence> directories = names.directories;
+  // An empty subject is no name to constrain.
+  if (names.subject.getCount() > 0) directories.push_back(names.subject);
+  auto dir = Form<&RGeneralName::isDirectoryName>(
+      [](const RGeneralName& b, const RRDNSequence& n) { return WithinDirectory(b.getDirectoryName(), n); });
+  auto mail = Form<&RGeneralName::isRfc822Name>(
+      [](const RGeneralName& b, const std::string& n) { return WithinMailbox(Text(b.getRfc822Name().getValue()), n); });
+  auto dns = Form<&RGeneralName::isDNSName>(
+      [](const RGeneralName& b, const std::string& n) { return WithinDns(Text(b.getDNSName().getValue()), n); });
+  auto uri = Form<&RGeneralName::isUniformResourceIdentifier>([](const RGeneralName& b, const std::string& n) {
+    return WithinUri(Text(b.getUniformResourceIdentifier().getValue()), n);
+  });
+  auto ip = Form<&RGeneralName::isIPAddress>(
+      [](const RGeneralName& b, const ByteString& n) { return WithinAddress(b.getIPAddress().getValue(), n); });
+  const bool met = FormMet(directories, permitted, excluded, dir) && FormMet(names.mailboxes, permitted, excluded, mail) &&
+                   FormMet(names.hosts, permitted, excluded, dns) && FormMet(names.uris, permitted, excluded, uri) &&
+                   FormMet(names.addresses, permitted, excluded, ip);
+  return met ? NameCheck::kMet : NameCheck::kOutside;
+}
+
+// Extensions this validator acts on, or that only inform (key identifiers,
+// issuer names, extended key usage, which is the relying application's to
+// judge): a critical extension outside this list refuses the path.
+constexpr const char* kUnderstood[] = {
+    "2 5 29 15", "2 5 29 19", "2 5 29 30", "2 5 29 17", "2 5 29 32", "2 5 29 33",
+    "2 5 29 36", "2 5 29 54", "2 5 29 37", "2 5 29 35", "2 5 29 14", "2 5 29 18",
+};
+
+// The first critical extension not understood, as its dotted identifier, or
+// "" when there is none; *duplicate tells of an extension given twice.
+std::string UnknownCritical(PCertUtil& cert, bool* duplicate) {
+  std::vector<ByteString> seen;
+  std::string unknown;
+  *duplicate = false;
+  for (int i = 0; i < cert.getExtensionCount(); ++i) {
+    ByteString id;
+    bool critical = false;
+    if (cert.getExtensionID(i, &id) != 0 || cert.getExtensionCritical(i, &critical) != 0) {
+      *duplicate = true;
+      return "";
+    }
+    if (std::find(seen.begin(), seen.end(), id) != seen.end()) *duplicate = true;
+    seen.push_back(id);
+    const bool known = std::any_of(std::begin(kUnderstood), std::end(kUnderstood),
+                                   [&](const char* k) { return id == ByteString(k); });
+    if (critical && !known && unknown.empty()) unknown = Text(UDNSettings::Dotted(id));
+  }
+  return unknown;
+}
+
+// Signature algorithms whose digests are broken: a certificate signed with
+// one of them is refused even when the signature verifies.
+constexpr const char* kRefusedSignatures[] = {
+    "1 2 840 113549 1 1 2",  // md2WithRSAEncryption
+    "1 2 840 113549 1 1 3",  // md4WithRSAEncryption
+    "1 2 840 113549 1 1 4",  // md5WithRSAEncryption
+};
+
+const std::string kAnyPolicy = "2.5.29.32.0";
+
+// The tree of valid policies built down the path, one level per certificate
+// below the anchor (level 0 is the anchor's anyPolicy root).
+class PolicyTree {
+ public:
+  PolicyTree() { levels_.push_back({Node{kAnyPolicy, {kAnyPolicy}, -1, true}}); }
+  bool Empty() const { return empty_; }
+
+  // The certificate at `depth` asserts `policies`; anyPolicy among them
+  // counts only when `anyAllowed`.
+  void Certificate(std::size_t depth, const std::vector<std::string>& policies, bool anyAllowed) {
+    if (empty_) return;
+    std::vector<Node>& up = levels_[depth - 1];
+    std::vector<Node> level;
+    for (const std::string& p : policies) {
+      if (p == kAnyPolicy) continue;
+      bool matched = false;
+      for (std::size_t k = 0; k < up.size(); ++k)
+        if (up[k].alive && up[k].expected.count(p)) {
+          level.push_back(Node{p, {p}, static_cast<int>(k), true});
+          matched = true;
+        }
+      if (!matched)
+        for (std::size_t k = 0; k < up.size(); ++k)
+          if (up[k].alive && up[k].policy == kAnyPolicy) level.push_back(Node{p, {p}, static_cast<int>(k), true});
+    }
+    if (anyAllowed && std::find(policies.begin(), policies.end(), kAnyPolicy) != policies.end()) {
+      for (std::size_t k = 0; k < up.size(); ++k) {
+        if (!up[k].alive) continue;
+        for (const std::string& e : up[k].expected) {
+          const bool present = std::any_of(level.begin(), level.end(), [&](const Node& c) {
+            return c.parent == static_cast<int>(k) && c.policy == e;
+          });
+          if (!present) level.push_back(Node{e, {e}, static_cast<int>(k), true});
+        }
       }
     }
-    if (anyDir && subject.getCount() > 0 && !dirOk) return false;
-    if (anyDns)
-      for (bool ok : hostOk)
-        if (!ok) return false;
+    levels_.push_back(std::move(level));
+    Prune();
+  }
+
+  // A certificate without policies ends the tree.
+  void Clear() { empty_ = true; }
+
+  // The policy mappings of the certificate at `depth` (the deepest level):
+  // followed when `allowed`, else the mapped policies are cut off.
+  void Map(const std::map<std::string, std::set<std::string>>& mappings, bool allowed) {
+    if (empty_) return;
+    std::vector<Node>& level = levels_.back();
+    for (const auto& m : mappings) {
+      bool found = false;
+      for (Node& n : level)
+        if (n.alive && n.policy == m.first) {
+          found = true;
+          if (allowed)
+            n.expected = m.second;
+          else
+            n.alive = false;
+        }
+      if (allowed && !found)
+        for (std::size_t k = 0; k < level.size(); ++k)
+          if (level[k].alive && level[k].policy == kAnyPolicy) {
+            level.push_back(Node{m.first, m.second, level[k].parent, true});
+            break;
+          }
+    }
+    Prune();
+  }
+
+ private:
+  struct Node {
+    std::string policy;
+    std::set<std::string> expected;
+    int parent;  // index in the level above
+    bool alive;
+  };
+
+  // Nodes above the deepest level without a living child go; the tree is
+  // empty when its root goes.
+  void Prune() {
+    for (std::size_t d = levels_.size() - 1; d > 0; --d) {
+      std::vector<bool> hasChild(levels_[d - 1].size(), false);
+      for (const Node& n : levels_[d])
+        if (n.alive) hasChild[static_cast<std::size_t>(n.parent)] = true;
+      for (std::size_t k = 0; k < levels_[d - 1].size(); ++k)
+        if (!hasChild[k]) levels_[d - 1][k].alive = false;
+    }
+    bool any = false;
+    for (const Node& n : levels_.back()) any = any || n.alive;
+    if (!any || !levels_[0][0].alive) empty_ = true;
+  }
+
+  std::vector<std::vector<Node>> levels_;
+  bool empty_ = false;
+};
+
+// The policies a certificate asserts (dotted), false when its
+// certificatePolicies cannot be read; *present tells whether it has them.
+bool PoliciesOf(PCertUtil& cert, std::vector<std::string>* out, bool* present) {
+  *present = cert.m_nCertificatePolicies >= 0;
+  if (!*present) return true;
+  int count = 0;
+  if (cert.getcertPolicyCNT(&count) != 0) return false;
+  for (int i = 0; i < count; ++i) {
+    ByteString arcs;
+    if (cert.getPolicyIdentifier(i, &arcs) != 0) return false;
+    out->push_back(Text(UDNSettings::Dotted(arcs)));
   }
   return true;
 }
@@ -361,6 +643,32 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
     if (when > Seconds(validity.getNotAfter()))
       return {kExpired, Text(path[i]->subject) + " until " + Date(Seconds(validity.getNotAfter()))};
   }
+  // Extensions: each at most once, every critical one understood.
+  for (std::size_t i = 0; i < n; ++i) {
+    bool duplicate = false;
+    const std::string unknown = UnknownCritical(*utils[i], &duplicate);
+    if (duplicate) return {kUnparsableCertificate, Text(path[i]->subject) + " repeats an extension"};
+    if (!unknown.empty()) return {kUnsupportedCritical, Text(path[i]->subject) + " marks " + unknown + " critical"};
+  }
+  // Signatures below the anchor: the algorithm named inside the signed part
+  // is the one used, and its digest is not a broken one.
+  for (std::size_t i = 0; i + 1 < n; ++i) {
+    const RCertificate* c = utils[i]->getCertificate();
+    RAlgorithmIdentifier alg = c->getSignatureAlgorithm(), inner = c->getTbsCertificate().getSignature();
+    if (alg.toASN1Object() != inner.toASN1Object())
+      return {kBadSignature, Text(path[i]->subject) + " names two signature algorithms"};
+    const ByteString oid = const_cast<ASN1ObjectIdentifier&>(alg.getAlgorithm()).getOID(' ');
+    if (std::any_of(std::begin(kRefusedSignatures), std::end(kRefusedSignatures),
+                    [&](const char* r) { return oid == ByteString(r); }))
+      return {kUnsupportedAlgorithm, Text(path[i]->subject) + " is signed with " + Text(UDNSettings::Dotted(oid))};
+  }
+  // Self-issued certificates between the anchor and the leaf: they neither
+  // count against a path length nor are held to the names above them.
+  std::vector<bool> selfIssued(n, false);
+  for (std::size_t i = 1; i + 1 < n; ++i) selfIssued[i] = path[i]->subject == path[i]->issuer;
+  std::vector<CertNames> names(n);
+  for (std::size_t i = 0; i < n; ++i)
+    if (!CollectNames(*utils[i], &names[i])) return {kUnparsableCertificate, Text(path[i]->subject) + " names"};
   // Every issuer: a CA (a version 1 anchor is taken as one), allowed to sign
   // certificates, with room for the CAs below it.
   for (std::size_t i = 1; i < n; ++i) {
@@ -375,19 +683,26 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
     if (ca.get_KeyUsage_value(&usage) == 0 && !(usage & PCERT_KU_KEY_CERT_SIGN))
       return {kKeyUsage, Text(path[i]->subject) + " may not sign certificates"};
     int pathLen = 0;
-    if (ca.getBasicConstraints_pathLenConstraint(&pathLen) == 0 && static_cast<int>(i) - 1 > pathLen)
-      return {kPathConstraints, Text(path[i]->subject) + " allows " + std::to_string(pathLen) + " CA(s) below it"};
+    if (ca.getBasicConstraints_pathLenConstraint(&pathLen) == 0) {
+      const auto below = std::count(selfIssued.begin() + 1, selfIssued.begin() + static_cast<std::ptrdiff_t>(i), false);
+      if (below > pathLen)
+        return {kPathConstraints, Text(path[i]->subject) + " allows " + std::to_string(pathLen) + " CA(s) below it"};
+    }
     RNameConstraints nc;
-    if (ca.getNameConstraints(&nc) == 0) {
-      // Self-issued intermediates are not subject to the names of the CAs above them.
+    if (ca.m_nNameConstraints >= 0) {
+      if (ca.getNameConstraints(&nc) != 0) return {kUnparsableCertificate, Text(path[i]->subject) + " name constraints"};
       for (std::size_t j = 0; j < i; ++j) {
-        if (j > 0 && path[j]->subject == path[j]->issuer) continue;
-        if (!MeetsNameConstraints(nc, *utils[j]))
+        if (selfIssued[j]) continue;
+        const NameCheck check = CheckNames(nc, names[j]);
+        if (check == NameCheck::kUncheckable)
+          return {kUnsupportedCritical, Text(path[i]->subject) + " constrains names in a form not evaluated"};
+        if (check == NameCheck::kOutside)
           return {kPathConstraints, Text(path[j]->subject) + " is outside the names " + Text(path[i]->subject) +
                                         " may certify"};
       }
     }
   }
+  if (Result r = CheckPolicies(path, utils); r.verdict != kValid) return r;
   // Revocation of every certificate below the anchor.
   if (!config_.crlDir.empty()) {
     std::shared_ptr<CrlSet> crls = Crls();
@@ -430,6 +745,71 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
       }
     }
     if (!accepted) return {kPolicyNotAccepted, {}};
+  }
+  return {kValid, {}};
+}
+
+// Certificate policies down the path, from the certificate below the anchor
+// to the leaf: the valid policies are followed through the mappings, and the
+// path is refused where a policyConstraints has made an explicit policy
+// required and none is left. The initial policy set is any policy, without
+// explicit policy, with mapping and anyPolicy allowed.
+Result Validator::CheckPolicies(const std::vector<const Cert*>& path,
+                                const std::vector<std::unique_ptr<PCertUtil>>& utils) {
+  const std::size_t n = path.size() - 1;  // certificates below the anchor
+  std::size_t explicitPolicy = n + 1, inhibitAny = n + 1, policyMapping = n + 1;
+  PolicyTree tree;
+  for (std::size_t depth = 1; depth <= n; ++depth) {
+    const std::size_t at = n - depth;
+    PCertUtil& cert = *utils[at];
+    const std::string who = Text(path[at]->subject);
+    const bool leaf = depth == n;
+    const bool selfIssued = path[at]->subject == path[at]->issuer;
+    std::vector<std::string> policies;
+    bool present = false;
+    if (!PoliciesOf(cert, &policies, &present)) return {kUnparsableCertificate, who + " certificate policies"};
+    if (present)
+      tree.Certificate(depth, policies, inhibitAny > 0 || (!leaf && selfIssued));
+    else
+      tree.Clear();
+    const std::string none = "an explicit policy is required and none is valid for " + who;
+    RPolicyConstraints pc;
+    if (cert.m_nPolicyConstraints >= 0 && cert.getploicyConstraints(&pc) != 0)
+      return {kUnparsableCertificate, who + " policy constraints"};
+    // Negative skip counts are taken as 0, the strictest reading.
+    auto count = [](const ASN1Integer& v) { return static_cast<std::size_t>(std::max(0, v.getInteger())); };
+    if (leaf) {
+      if (explicitPolicy > 0) --explicitPolicy;
+      if (pc.hasRequireExplicitPolicy() && count(pc.getRequireExplicitPolicy()) == 0) explicitPolicy = 0;
+      if (explicitPolicy == 0 && tree.Empty()) return {kPolicyNotAccepted, none};
+      break;
+    }
+    if (explicitPolicy == 0 && tree.Empty()) return {kPolicyNotAccepted, none};
+    if (cert.m_nPolicyMappings >= 0) {
+      RPolicyMappings mappings;
+      if (cert.getploicyMapping(&mappings) != 0) return {kUnparsableCertificate, who + " policy mappings"};
+      std::map<std::string, std::set<std::string>> map;
+      for (int k = 0; k < mappings.getCount(); ++k) {
+        RPolicyMapping& m = *mappings.getAt(k);
+        const std::string from = Text(UDNSettings::Dotted(m.getIssuerDomainPolicy().getOID(' ')));
+        const std::string to = Text(UDNSettings::Dotted(m.getSubjectDomainPolicy().getOID(' ')));
+        if (from == kAnyPolicy || to == kAnyPolicy) return {kPolicyNotAccepted, who + " maps anyPolicy"};
+        map[from].insert(to);
+      }
+      tree.Map(map, policyMapping > 0);
+    }
+    if (!selfIssued) {
+      if (explicitPolicy > 0) --explicitPolicy;
+      if (policyMapping > 0) --policyMapping;
+      if (inhibitAny > 0) --inhibitAny;
+    }
+    if (pc.hasRequireExplicitPolicy()) explicitPolicy = std::min(explicitPolicy, count(pc.getRequireExplicitPolicy()));
+    if (pc.hasInhibitPolicyMapping()) policyMapping = std::min(policyMapping, count(pc.getInhibitPolicyMapping()));
+    int skip = 0;
+    if (cert.m_nInhibitAnyPolicy >= 0) {
+      if (cert.getInhibitAnyPolicy(&skip) != 0) return {kUnparsableCertificate, who + " inhibitAnyPolicy"};
+      inhibitAny = std::min(inhibitAny, static_cast<std::size_t>(std::max(0, skip)));
+    }
   }
   return {kValid, {}};
 }

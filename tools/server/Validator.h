@@ -16,6 +16,8 @@
 #include "base/ByteString.h"
 #include "tools/server/Verdict.h"
 
+class PCertUtil;
+
 namespace qvaserver {
 
 struct ValidatorConfig {
@@ -59,6 +61,8 @@ class Validator {
   std::time_t Now() const;
   std::shared_ptr<CrlSet> Crls();
   Result CheckPath(const std::vector<const Cert*>& path, std::time_t when);
+  static Result CheckPolicies(const std::vector<const Cert*>& path,
+                              const std::vector<std::unique_ptr<PCertUtil>>& utils);
 
   ValidatorConfig config_;
   std::vector<Cert> anchors_;

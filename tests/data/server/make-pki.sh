@@ -48,6 +48,70 @@ subjectAltName = DNS:www.bad.example
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
 certificatePolicies = 1.2.410.200.1.2
+[ca_nc2]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+nameConstraints = critical,@nc2
+[nc2]
+permitted;email.0 = .mail.example
+permitted;email.1 = host.example
+permitted;email.2 = boss@corp.example
+permitted;URI.0 = .web.example
+permitted;URI.1 = exact.example
+permitted;IP.0 = 10.0.0.0/255.0.0.0
+permitted;IP.1 = 2001:db8::/ffff:ffff::
+excluded;email.0 = x.mail.example
+excluded;IP.0 = 10.9.0.0/255.255.0.0
+[ca_nc3]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+nameConstraints = critical,permitted;RID:1.2.3.4
+[ca_crit]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+1.3.6.1.4.1.99999.1 = critical,ASN1:NULL
+[ca_rep]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+certificatePolicies = critical,1.2.410.200.1.1
+policyConstraints = critical,requireExplicitPolicy:0
+[ca_iap]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+certificatePolicies = critical,2.5.29.32.0
+policyConstraints = critical,requireExplicitPolicy:0
+inhibitAnyPolicy = critical,0
+[leaf_names]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+subjectAltName = $ENV::SAN
+[leaf_plain]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+[leaf_crit]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+1.3.6.1.4.1.99999.1 = critical,ASN1:NULL
+[leaf_noncrit]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = critical,1.2.410.200.1.1
+extendedKeyUsage = critical,timeStamping
+1.3.6.1.4.1.99999.1 = ASN1:NULL
+[leaf_nopolicy]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+[leaf_any]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 2.5.29.32.0, 1.2.410.200.1.1
+[leaf_anyonly]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 2.5.29.32.0
 CNF
 
 # ca NAME: an openssl ca configuration for the CA NAME (key NAME.key, cert NAME.pem).
@@ -74,6 +138,7 @@ unique_subject = no
 copy_extensions = none
 [any]
 commonName = supplied
+emailAddress = optional
 CNF
 }
 
@@ -84,14 +149,16 @@ key() {
   esac
 }
 
-# issue CA NAME EXT [START END]: NAME.pem issued by CA with extension section EXT.
+# issue CA NAME EXT [START END]: NAME.pem issued by CA with extension section EXT;
+# SUBJ replaces the subject, MD the digest.
 issue() {
   local ca=$1 name=$2 ext=$3 start=${4:-20200101000000Z} end=${5:-20991231000000Z}
   [ -f "$name.key" ] || key "$name" rsa
-  openssl req -new -key "$name.key" -subj "/CN=$name/O=QVA Test" -out "$name.csr" 2>/dev/null
+  openssl req -new -key "$name.key" -subj "${SUBJ:-/CN=$name/O=QVA Test}" -out "$name.csr" 2>/dev/null
   openssl ca -batch -config "$ca.cnf" -in "$name.csr" -out "$name.pem" -notext -extfile ext.cnf \
-    -extensions "$ext" -startdate "$start" -enddate "$end" 2>/dev/null
+    -extensions "$ext" -startdate "$start" -enddate "$end" -md "${MD:-sha256}" 2>/dev/null
 }
+export SAN=DNS:unused.example
 
 crl() {
   openssl ca -config "$1.cnf" -gencrl -crldays 3650 -out "$dir/crls/$1.crl" 2>/dev/null
@@ -113,10 +180,21 @@ issue root int-pl0 ca_pl0
 issue root int-nc ca_nc
 key int-ed ed25519
 issue root int-ed ca
-for c in int int2 int-ku int-pl0 int-ed int-nc; do ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"; done
+issue root int-nc2 ca_nc2
+issue root int-nc3 ca_nc3
+issue root int-crit ca_crit
+issue root int-rep ca_rep
+issue root int-iap ca_iap
+for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap; do
+  ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"
+done
 issue int-pl0 sub ca
 ca_conf sub
 cp sub.pem "$dir/intermediates/"
+# int-pl0 again under a new key, issued by itself: not counted against its path length.
+SUBJ=/CN=int-pl0 issue int-pl0 int-pl0-roll ca
+ca_conf int-pl0-roll
+cp int-pl0-roll.pem "$dir/intermediates/"
 
 issue int valid leaf
 issue int revoked leaf
@@ -131,10 +209,49 @@ issue other-root untrusted leaf
 issue int-nc nc-ok leaf_dns_good
 issue int-nc nc-dns leaf_dns_bad
 issue int-nc nc-name leaf_dns_good
+issue int-pl0-roll selfissued leaf
+MD=md5 issue int md5 leaf
+# Leaves below int-nc2 and int-nc3, one name each (NAME SAN).
+names=()
+while read -r l san; do
+  SAN=$san issue int-nc2 "$l" leaf_names
+  names+=("$l")
+done <<'LEAVES'
+nc-mail-domain email:a@y.mail.example
+nc-mail-domainself email:a@mail.example
+nc-mail-host email:a@HOST.example
+nc-mail-hostsub email:a@sub.host.example
+nc-mail-box email:boss@corp.example
+nc-mail-otherbox email:clerk@corp.example
+nc-mail-excluded email:a@x.mail.example
+nc-uri-domain URI:https://user@www.web.example:8443/path
+nc-uri-exact URI:http://exact.example/x
+nc-uri-outside URI:http://www.web.example.evil/
+nc-uri-nohost URI:urn:isbn:0451450523
+nc-ip4 IP:10.1.2.3
+nc-ip4-excluded IP:10.9.1.1
+nc-ip4-outside IP:192.168.1.1
+nc-ip6 IP:2001:db8::1
+nc-ip6-outside IP:2001:db9::1
+LEAVES
+SUBJ="/CN=nc-dn-mail/emailAddress=a@elsewhere.example" issue int-nc2 nc-dn-mail leaf_plain
+SUBJ="/CN=nc-dn-mail-ok/emailAddress=a@y.mail.example" issue int-nc2 nc-dn-mail-ok leaf_plain
+SAN=RID:1.2.3.4 issue int-nc3 nc-rid leaf_names
+SAN=DNS:www.good.example issue int-nc3 nc-rid-absent leaf_names
+issue int-crit crit-int leaf
+issue int crit-leaf leaf_crit
+issue int noncrit leaf_noncrit
+issue int-rep explicit-ok leaf
+issue int-rep explicit-none leaf_nopolicy
+issue int-rep explicit-other leaf_policy
+issue int-iap policy-any leaf_any
+issue int-iap policy-anyonly leaf_anyonly
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
-for c in root int int-ku int-pl0 sub int-nc; do crl "$c"; done
-for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name; do
+for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll; do crl "$c"; done
+for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
+  "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
+  explicit-other policy-any policy-anyonly selfissued md5; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
