@@ -378,6 +378,32 @@ TEST_F(Server, OpensslAgreesOnTheLeaves) {
   }
 }
 
+// Real Korean certificates under KISA RootCA 4 at a time they were all
+// valid: critical certificatePolicies, policyConstraints and extended key
+// usage, the CA's pathLenConstraint 0; the test roots are no anchors here.
+TEST(ServerKorean, RealPathsAtTheirTime) {
+  qvatest::TempDir dir;
+  const std::string korean = qvatest::DataPath("pkix/x509/korean/");
+  ASSERT_EQ(qvatest::Run("mkdir " + dir.file("anchors") + " " + dir.file("cas") + " && cp " + korean +
+                         "certs/KISA_RootCA4.der " + dir.file("anchors") + " && cp " + korean +
+                         "capubs/split_CaPubs_All/*.der " + dir.file("cas")),
+            0);
+  ServerProcess server({"--anchors", dir.file("anchors"), "--intermediates", dir.file("cas"), "--time",
+                        "20200101000000Z", "--workers", "1"});
+  ASSERT_NE(server.port(), 0);
+  const struct {
+    const char* file;
+    int code;
+  } cases[] = {
+      {"certs/test_KTNET_signCert.der", 0},
+      {"certs/test_KTNET_kmCert.der", 0},
+      {"certs/TradeSignTSA2.der", 0},
+      {"capubs/split_CaPubs_All/15.der", 0},  // TradeSignCA3
+      {"capubs/split_CaPubs_All/23.der", 5004},  // below Kisa Test RootCA 7
+  };
+  for (const auto& c : cases) EXPECT_EQ(Verify(server.port(), "CERT", qvatest::ReadFile(korean + c.file)).code, c.code) << c.file;
+}
+
 TEST_F(Server, SignedDataVerifiedThenItsSigner) {
   ServerProcess server(Args(pki_ + "/crls"));
   ASSERT_NE(server.port(), 0);
