@@ -206,7 +206,7 @@ class Server : public ::testing::Test {
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
     // A PKI of an older script (without the policy-constraint leaves) is made again.
-    if (::access((pki_ + "/leaves/policy-anyonly.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    if (::access((pki_ + "/leaves/casefold.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -291,6 +291,7 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {"MD5 signature", "CERT", Leaf("md5.der"), 5013, Text(qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm"),
        "cn=md5 is signed with 1.2.840.113549.1.1.4"},
       {"self-issued CA not counted", "CERT", Leaf("selfissued.der"), 0, "", nullptr},
+      {"issuer name in other case and spacing", "CERT", Leaf("casefold.der"), 0, "", nullptr},
       {"mail below the domain", "CERT", Leaf("nc-mail-domain.der"), 0, "", nullptr},
       {"mail at the domain itself", "CERT", Leaf("nc-mail-domainself.der"), 5012, nc, "cn=nc-mail-domainself is outside"},
       {"mail at the host", "CERT", Leaf("nc-mail-host.der"), 0, "", nullptr},
@@ -363,7 +364,7 @@ TEST_F(Server, OpensslAgreesOnTheLeaves) {
       {"nc-uri-outside", false}, {"nc-ip4", true},          {"nc-ip4-excluded", false},
       {"nc-ip4-outside", false}, {"nc-ip6", true},          {"nc-ip6-outside", false},
       {"explicit-ok", true},    {"explicit-none", false},   {"explicit-other", false},
-      {"policy-any", true},     {"policy-anyonly", false},
+      {"policy-any", true},     {"policy-anyonly", false},  {"casefold", true},
   };
   for (const auto& c : cases) {
     const std::string file = pki_ + "/leaves/" + c.leaf + ".der";

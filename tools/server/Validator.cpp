@@ -27,6 +27,7 @@ struct ParsedCrl {
   std::mutex lock;  // the parsed CRL's lookups are not promised to be thread-safe
   PCertListProcess crl;
   ByteString issuer;
+  std::string issuerKey;
   ByteString issuerSpki;
   std::time_t thisUpdate = 0;
   std::time_t nextUpdate = 0;
@@ -120,13 +121,58 @@ bool Decode(const ByteString& input, int pemType, ByteString* der) {
   return true;
 }
 
+std::string Text(const ByteString& b) { return std::string(b.c_str(), static_cast<std::size_t>(b.length())); }
+
+// A name as compared when chaining and constraining: each attribute's type
+// and its value's text with letters folded to lower case and runs of white
+// space made one blank (leading and trailing ones dropped), the members of a
+// multi-valued RDN in sorted order. So PrintableString and UTF8String forms
+// of one name, and names differing in case or spacing, compare equal.
+std::string RdnKey(const RRelativeDistinguishedName& rdn) {
+  std::vector<std::string> parts;
+  for (const RAttributeTypeAndValue& atv : rdn.items()) {
+    std::string part = Text(const_cast<ASN1ObjectIdentifier&>(atv.getType()).getOID('.')) + "=";
+    ByteString value;
+    if (UDNSettings::Value2Str(atv.getValue().getElement(), &value) != 0) {
+      value = atv.getValue().getElement();  // not text: the encoding itself
+    }
+    bool blank = false;
+    for (int i = 0; i < value.length(); ++i) {
+      const unsigned char c = value.data()[i];
+      if (c == ' ' || c == '\t' || c == '\r' || c == '\n') {
+        blank = true;
+        continue;
+      }
+      if (blank && part.back() != '=') part += ' ';
+      blank = false;
+      part += static_cast<char>(std::tolower(c));
+    }
+    parts.push_back(part);
+  }
+  std::sort(parts.begin(), parts.end());
+  std::string key;
+  for (const std::string& p : parts) key += p + '\n';
+  return key;
+}
+
+std::string NameKey(const RRDNSequence& name) {
+  std::string key;
+  for (const RRelativeDistinguishedName& rdn : name.items()) key += RdnKey(rdn) + '\t';
+  return key;
+}
+
 bool Describe(const ByteString& der, Validator::Cert* out) {
   PCertUtil util;
   if (util.parseCertificate(der) != 0) return false;
   PPublicKey key;
+  RRDNSequence subject, issuer;
   out->der = der;
-  return util.getSubjectDN(&out->subject) == 0 && util.getIssuerDN(&out->issuer) == 0 &&
-         key.getPublicKeyInfoFromCert(der, PPublicKey::CERT_KIND_X509, out->spki) == 0;
+  if (util.getSubjectDN(&out->subject) != 0 || util.getIssuerDN(&out->issuer) != 0 || util.getSubject(&subject) != 0 ||
+      util.getIssuer(&issuer) != 0 || key.getPublicKeyInfoFromCert(der, PPublicKey::CERT_KIND_X509, out->spki) != 0)
+    return false;
+  out->subjectKey = NameKey(subject);
+  out->issuerKey = NameKey(issuer);
+  return true;
 }
 
 bool LoadCerts(const std::string& dir, std::vector<Validator::Cert>* out, std::string* error) {
@@ -157,7 +203,6 @@ bool IsSignatureFailure(int rc) { return rc == 115 || rc == 116 || rc == 63; }
 
 Verdict SignatureVerdict(int rc) { return IsSignatureFailure(rc) ? kBadSignature : kUnsupportedAlgorithm; }
 
-std::string Text(const ByteString& b) { return std::string(b.c_str(), static_cast<std::size_t>(b.length())); }
 
 std::string Date(std::time_t t) {
   std::tm tm{};
@@ -174,10 +219,8 @@ std::int64_t Seconds(const RTime& t) {
 // True when the name `base` is an initial run of the RDNs of `name`.
 bool WithinDirectory(const RRDNSequence& base, const RRDNSequence& name) {
   if (base.getCount() > name.getCount()) return false;
-  for (int i = 0; i < base.getCount(); ++i) {
-    RRelativeDistinguishedName a = *base.getAt(i), b = *name.getAt(i);  // encoding needs non-const
-    if (a.toASN1Object() != b.toASN1Object()) return false;
-  }
+  for (int i = 0; i < base.getCount(); ++i)
+    if (RdnKey(*base.getAt(i)) != RdnKey(*name.getAt(i))) return false;
   return true;
 }
 
@@ -561,11 +604,13 @@ std::shared_ptr<CrlSet> Validator::Crls() {
       continue;
     }
     parsed->hasNextUpdate = parsed->crl.getNextUpdate(&parsed->nextUpdate) == 0;
+    RRDNSequence issuerName;
+    if (parsed->crl.getIssuer(&issuerName) == 0) parsed->issuerKey = NameKey(issuerName);
     bool verified = false;
     for (const auto* list : {&anchors_, &intermediates_}) {
       for (const Cert& ca : *list) {
         PPublicKey key;
-        if (ca.subject == parsed->issuer && key.verifyCertificateSignature(der, ca.spki) == 0) {
+        if (ca.subjectKey == parsed->issuerKey && key.verifyCertificateSignature(der, ca.spki) == 0) {
           parsed->issuerSpki = ca.spki;
           verified = true;
           break;
@@ -603,7 +648,7 @@ Result Validator::ValidateCertificate(const ByteString& input) {
       }
     for (const auto* list : {&anchors_, &intermediates_}) {
       for (const Cert& ca : *list) {
-        if (ca.subject != cur->issuer) continue;
+        if (ca.subjectKey != cur->issuerKey) continue;
         if (std::find(path.begin(), path.end(), &ca) != path.end()) continue;
         PPublicKey key;
         const int rc = key.verifyCertificateSignature(cur->der, ca.spki);
@@ -665,7 +710,7 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
   // Self-issued certificates between the anchor and the leaf: they neither
   // count against a path length nor are held to the names above them.
   std::vector<bool> selfIssued(n, false);
-  for (std::size_t i = 1; i + 1 < n; ++i) selfIssued[i] = path[i]->subject == path[i]->issuer;
+  for (std::size_t i = 1; i + 1 < n; ++i) selfIssued[i] = path[i]->subjectKey == path[i]->issuerKey;
   std::vector<CertNames> names(n);
   for (std::size_t i = 0; i < n; ++i)
     if (!CollectNames(*utils[i], &names[i])) return {kUnparsableCertificate, Text(path[i]->subject) + " names"};
@@ -709,7 +754,7 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
     for (std::size_t i = 0; i + 1 < n; ++i) {
       ParsedCrl* match = nullptr;
       for (auto& c : crls->crls)
-        if (c->issuer == path[i + 1]->subject && c->issuerSpki == path[i + 1]->spki) {
+        if (c->issuerKey == path[i + 1]->subjectKey && c->issuerSpki == path[i + 1]->spki) {
           match = c.get();
           break;
         }
@@ -764,7 +809,7 @@ Result Validator::CheckPolicies(const std::vector<const Cert*>& path,
     PCertUtil& cert = *utils[at];
     const std::string who = Text(path[at]->subject);
     const bool leaf = depth == n;
-    const bool selfIssued = path[at]->subject == path[at]->issuer;
+    const bool selfIssued = path[at]->subjectKey == path[at]->issuerKey;
     std::vector<std::string> policies;
     bool present = false;
     if (!PoliciesOf(cert, &policies, &present)) return {kUnparsableCertificate, who + " certificate policies"};

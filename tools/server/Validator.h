@@ -55,6 +55,8 @@ class Validator {
     ByteString subject;
     ByteString issuer;
     ByteString spki;
+    std::string subjectKey;  // the names as compared (case and spacing folded)
+    std::string issuerKey;
   };
 
  private:

@@ -185,7 +185,8 @@ issue root int-nc3 ca_nc3
 issue root int-crit ca_crit
 issue root int-rep ca_rep
 issue root int-iap ca_iap
-for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap; do
+SUBJ="/CN=Int Case" issue root int-case ca
+for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-case; do
   ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"
 done
 issue int-pl0 sub ca
@@ -246,12 +247,19 @@ issue int-rep explicit-none leaf_nopolicy
 issue int-rep explicit-other leaf_policy
 issue int-iap policy-any leaf_any
 issue int-iap policy-anyonly leaf_anyonly
+# A leaf whose issuer name is int-case's in other case and spacing, signed
+# with int-case's key.
+openssl req -new -x509 -key int-case.key -subj "/CN=INT  CASE" -days 1 -out int-case-alias.pem 2>/dev/null
+key casefold rsa
+openssl req -new -key casefold.key -subj /CN=casefold -out casefold.csr 2>/dev/null
+openssl x509 -req -in casefold.csr -CA int-case-alias.pem -CAkey int-case.key -set_serial 4660 -extfile ext.cnf \
+  -extensions leaf -days 3650 -out casefold.pem 2>/dev/null
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
-for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll; do crl "$c"; done
+for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case; do crl "$c"; done
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
-  explicit-other policy-any policy-anyonly selfissued md5; do
+  explicit-other policy-any policy-anyonly selfissued md5 casefold; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
