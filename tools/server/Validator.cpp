@@ -42,6 +42,9 @@ namespace {
 
 // Longest path searched, anchor included; a longer chain is untrusted.
 constexpr int kMaxDepth = 10;
+// Whole paths checked for one certificate before the first one's verdict is
+// given: bounds the work a directory of look-alike CAs can cause.
+constexpr int kMaxPaths = 8;
 // Largest file read from a trust directory.
 constexpr std::streamoff kMaxFile = 64 << 20;
 
@@ -161,6 +164,10 @@ std::string NameKey(const RRDNSequence& name) {
   return key;
 }
 
+std::int64_t Seconds(const RTime& t) {
+  return t.isUtcTime() ? t.getUtcTime().getGMTTime() : t.getGeneralTime().getGMTTime();
+}
+
 bool Describe(const ByteString& der, Validator::Cert* out) {
   PCertUtil util;
   if (util.parseCertificate(der) != 0) return false;
@@ -172,6 +179,10 @@ bool Describe(const ByteString& der, Validator::Cert* out) {
     return false;
   out->subjectKey = NameKey(subject);
   out->issuerKey = NameKey(issuer);
+  RValidity validity;
+  if (util.getValidity(&validity) != 0) return false;
+  out->notBefore = Seconds(validity.getNotBefore());
+  out->notAfter = Seconds(validity.getNotAfter());
   return true;
 }
 
@@ -199,6 +210,25 @@ std::string StampOf(const std::string& dir) {
   return stamp;
 }
 
+// How far CheckPath got before a verdict: a path refused later came nearer
+// to passing, and its verdict says more about the certificate.
+int Stage(Verdict v) {
+  switch (v) {
+    case kNotYetValid:
+    case kExpired: return 1;
+    case kUnparsableCertificate:
+    case kUnsupportedCritical: return 2;
+    case kBadSignature:
+    case kUnsupportedAlgorithm: return 3;
+    case kPathConstraints:
+    case kKeyUsage: return 4;
+    case kPolicyNotAccepted: return 5;
+    case kRevocationUnknown: return 6;
+    case kRevoked: return 7;
+    default: return 0;
+  }
+}
+
 bool IsSignatureFailure(int rc) { return rc == 115 || rc == 116 || rc == 63; }
 
 Verdict SignatureVerdict(int rc) { return IsSignatureFailure(rc) ? kBadSignature : kUnsupportedAlgorithm; }
@@ -212,9 +242,6 @@ std::string Date(std::time_t t) {
   return buf;
 }
 
-std::int64_t Seconds(const RTime& t) {
-  return t.isUtcTime() ? t.getUtcTime().getGMTTime() : t.getGeneralTime().getGMTTime();
-}
 
 // True when the name `base` is an initial run of the RDNs of `name`.
 bool WithinDirectory(const RRDNSequence& base, const RRDNSequence& name) {
@@ -634,42 +661,55 @@ Result Validator::ValidateCertificate(const ByteString& input) {
   Cert leaf;
   if (!Decode(input, PEM_CERTIFICATE, &der) || !Describe(der, &leaf)) return {kUnparsableCertificate, {}};
 
-  // Depth-first search for a path to an anchor; the first failure met by a
-  // candidate with the right name is kept for the verdict when no path exists.
+  // Depth-first search for a path to an anchor whose checks pass; each whole
+  // path found is checked, and the search goes on past one that fails (an
+  // expired or constrained copy of a CA beside a good one). When none passes,
+  // the verdict is that of the path that failed at the latest check (the
+  // first such), else the first signature failure met by a candidate with
+  // the right name.
+  const std::time_t when = Now();
   Result failure{kUntrustedIssuer, {}};
+  Result pathFailure{kValid, {}};
+  bool valid = false;
+  int tried = 0;
   std::vector<const Cert*> path{&leaf};
-  std::vector<const Cert*> found;
+  // True when the search is over: a path passed or enough were tried.
+  auto check = [&]() -> bool {
+    const Result r = CheckPath(path, when);
+    if (r.verdict == kValid) return valid = true;
+    if (tried == 0 || Stage(r.verdict) > Stage(pathFailure.verdict)) pathFailure = r;
+    return ++tried >= kMaxPaths;
+  };
   auto search = [&](auto&& self, const Cert* cur) -> bool {
     if (static_cast<int>(path.size()) > kMaxDepth) return false;
     for (const Cert& a : anchors_)
-      if (a.der == cur->der) {
-        found = path;
-        return true;
-      }
-    for (const auto* list : {&anchors_, &intermediates_}) {
-      for (const Cert& ca : *list) {
-        if (ca.subjectKey != cur->issuerKey) continue;
-        if (std::find(path.begin(), path.end(), &ca) != path.end()) continue;
-        PPublicKey key;
-        const int rc = key.verifyCertificateSignature(cur->der, ca.spki);
-        if (rc != 0) {
-          if (failure.verdict == kUntrustedIssuer)
-            failure = {SignatureVerdict(rc), Text(key.getErrorMessage())};
-          continue;
+      if (a.der == cur->der) return check();
+    // Issuers valid at the time first, so an expired or early copy of a CA
+    // is tried only after the current one.
+    for (int pass = 0; pass < 2; ++pass) {
+      for (const auto* list : {&anchors_, &intermediates_}) {
+        for (const Cert& ca : *list) {
+          if (ca.subjectKey != cur->issuerKey) continue;
+          if ((ca.notBefore <= when && when <= ca.notAfter) != (pass == 0)) continue;
+          if (std::find(path.begin(), path.end(), &ca) != path.end()) continue;
+          PPublicKey key;
+          const int rc = key.verifyCertificateSignature(cur->der, ca.spki);
+          if (rc != 0) {
+            if (failure.verdict == kUntrustedIssuer) failure = {SignatureVerdict(rc), Text(key.getErrorMessage())};
+            continue;
+          }
+          path.push_back(&ca);
+          const bool over = list == &anchors_ ? check() : self(self, &ca);
+          path.pop_back();
+          if (over) return true;
         }
-        path.push_back(&ca);
-        if (list == &anchors_) {
-          found = path;
-          return true;
-        }
-        if (self(self, &ca)) return true;
-        path.pop_back();
       }
     }
     return false;
   };
-  if (!search(search, &leaf)) return failure;
-  return CheckPath(found, Now());
+  search(search, &leaf);
+  if (valid) return {kValid, {}};
+  return tried > 0 ? pathFailure : failure;
 }
 
 Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t when) {

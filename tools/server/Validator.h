@@ -7,6 +7,7 @@
 // whole under a lock, each parsed CRL asked under its own lock.
 #pragma once
 
+#include <cstdint>
 #include <ctime>
 #include <memory>
 #include <mutex>
@@ -57,6 +58,8 @@ class Validator {
     ByteString spki;
     std::string subjectKey;  // the names as compared (case and spacing folded)
     std::string issuerKey;
+    std::int64_t notBefore = 0;
+    std::int64_t notAfter = 0;
   };
 
  private:

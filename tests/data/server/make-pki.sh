@@ -192,6 +192,13 @@ done
 issue int-pl0 sub ca
 ca_conf sub
 cp sub.pem "$dir/intermediates/"
+# int again, same name and key, expired and without keyCertSign: sorted
+# before int.pem, they must not hide the current one.
+cp int.key int-a-expired.key
+cp int.key int-b-noku.key
+SUBJ=/CN=int issue root int-a-expired ca 20200101000000Z 20210101000000Z
+SUBJ=/CN=int issue root int-b-noku ca_ku
+cp int-a-expired.pem int-b-noku.pem "$dir/intermediates/"
 # int-pl0 again under a new key, issued by itself: not counted against its path length.
 SUBJ=/CN=int-pl0 issue int-pl0 int-pl0-roll ca
 ca_conf int-pl0-roll
