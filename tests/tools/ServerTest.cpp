@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the look-alike copies of int) is made again.
-    if (::access((pki_ + "/intermediates/int-b-noku.pem").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the policy-mapping leaves) is made again.
+    if (::access((pki_ + "/leaves/map-any.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -325,6 +325,12 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {"anyPolicy inhibited, named policy kept", "CERT", Leaf("policy-any.der"), 0, "", nullptr},
       {"anyPolicy inhibited, nothing left", "CERT", Leaf("policy-anyonly.der"), 5010, policy,
        "an explicit policy is required and none is valid for cn=policy-anyonly"},
+      {"policy reached through a mapping", "CERT", Leaf("mapped.der"), 0, "", nullptr},
+      {"policy mapped away", "CERT", Leaf("mapped-from.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=mapped-from"},
+      {"mapping inhibited above", "CERT", Leaf("map-inhibited.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=map-inhibited"},
+      {"mapping of anyPolicy", "CERT", Leaf("map-any.der"), 5010, policy, "cn=int-mapany maps anyPolicy"},
   };
   for (const auto& c : cases) {
     const Answer a = Verify(server.port(), c.kind, c.data);
@@ -367,6 +373,8 @@ TEST_F(Server, OpensslAgreesOnTheLeaves) {
       {"nc-ip4-outside", false}, {"nc-ip6", true},          {"nc-ip6-outside", false},
       {"explicit-ok", true},    {"explicit-none", false},   {"explicit-other", false},
       {"policy-any", true},     {"policy-anyonly", false},  {"casefold", true},
+      {"mapped", true},         {"mapped-from", false},     {"map-inhibited", false},
+      {"map-any", false},
   };
   for (const auto& c : cases) {
     const std::string file = pki_ + "/leaves/" + c.leaf + ".der";

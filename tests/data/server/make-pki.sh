@@ -81,6 +81,26 @@ keyUsage = critical,keyCertSign,cRLSign
 certificatePolicies = critical,2.5.29.32.0
 policyConstraints = critical,requireExplicitPolicy:0
 inhibitAnyPolicy = critical,0
+[ca_map]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+certificatePolicies = critical,1.2.410.200.1.5
+policyMappings = critical,1.2.410.200.1.5:1.2.410.200.1.1
+policyConstraints = critical,requireExplicitPolicy:0
+[ca_inh]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+certificatePolicies = critical,2.5.29.32.0
+policyConstraints = critical,requireExplicitPolicy:0,inhibitPolicyMapping:0
+[ca_mapany]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign,cRLSign
+certificatePolicies = critical,2.5.29.32.0
+policyMappings = critical,2.5.29.32.0:1.2.410.200.1.1
+[leaf_policy5]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.5
 [leaf_names]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -186,9 +206,16 @@ issue root int-crit ca_crit
 issue root int-rep ca_rep
 issue root int-iap ca_iap
 SUBJ="/CN=Int Case" issue root int-case ca
-for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-case; do
+issue root int-map ca_map
+issue root int-inh ca_inh
+issue root int-mapany ca_mapany
+for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-case int-map int-inh \
+  int-mapany; do
   ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"
 done
+issue int-inh int-map2 ca_map
+ca_conf int-map2
+cp int-map2.pem "$dir/intermediates/"
 issue int-pl0 sub ca
 ca_conf sub
 cp sub.pem "$dir/intermediates/"
@@ -254,6 +281,10 @@ issue int-rep explicit-none leaf_nopolicy
 issue int-rep explicit-other leaf_policy
 issue int-iap policy-any leaf_any
 issue int-iap policy-anyonly leaf_anyonly
+issue int-map mapped leaf
+issue int-map mapped-from leaf_policy5
+issue int-map2 map-inhibited leaf
+issue int-mapany map-any leaf
 # A leaf whose issuer name is int-case's in other case and spacing, signed
 # with int-case's key.
 openssl req -new -x509 -key int-case.key -subj "/CN=INT  CASE" -days 1 -out int-case-alias.pem 2>/dev/null
@@ -263,10 +294,11 @@ openssl x509 -req -in casefold.csr -CA int-case-alias.pem -CAkey int-case.key -s
   -extensions leaf -days 3650 -out casefold.pem 2>/dev/null
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
-for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case; do crl "$c"; done
+for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case \
+  int-map int-inh int-map2 int-mapany; do crl "$c"; done
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
-  explicit-other policy-any policy-anyonly selfissued md5 casefold; do
+  explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
