@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the policy-mapping leaves) is made again.
-    if (::access((pki_ + "/leaves/map-any.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the leaf repeating an extension) is made again.
+    if (::access((pki_ + "/leaves/dupext.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -317,6 +317,8 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
        "cn=int-crit marks 1.3.6.1.4.1.99999.1 critical"},
       {"unknown critical extension in the leaf", "CERT", Leaf("crit-leaf.der"), 5014, crit, "cn=crit-leaf"},
       {"unknown extension not critical", "CERT", Leaf("noncrit.der"), 0, "", nullptr},
+      {"extension given twice", "CERT", Leaf("dupext.der"), 5003,
+       Text(qva_msg::kSrvUnparsableCert, "the certificate cannot be parsed"), "cn=dupext repeats an extension"},
       {"explicit policy met", "CERT", Leaf("explicit-ok.der"), 0, "", nullptr},
       {"explicit policy, leaf without policies", "CERT", Leaf("explicit-none.der"), 5010, policy,
        "an explicit policy is required and none is valid for cn=explicit-none"},
@@ -374,7 +376,7 @@ TEST_F(Server, OpensslAgreesOnTheLeaves) {
       {"explicit-ok", true},    {"explicit-none", false},   {"explicit-other", false},
       {"policy-any", true},     {"policy-anyonly", false},  {"casefold", true},
       {"mapped", true},         {"mapped-from", false},     {"map-inhibited", false},
-      {"map-any", false},
+      {"map-any", false},       {"dupext", false},
   };
   for (const auto& c : cases) {
     const std::string file = pki_ + "/leaves/" + c.leaf + ".der";

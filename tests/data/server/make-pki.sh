@@ -101,6 +101,11 @@ policyMappings = critical,2.5.29.32.0:1.2.410.200.1.1
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
 certificatePolicies = 1.2.410.200.1.5
+[leaf_dup]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = 1.2.410.200.1.1
+2.5.29.99 = DER:3000
 [leaf_names]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -292,6 +297,40 @@ key casefold rsa
 openssl req -new -key casefold.key -subj /CN=casefold -out casefold.csr 2>/dev/null
 openssl x509 -req -in casefold.csr -CA int-case-alias.pem -CAkey int-case.key -set_serial 4660 -extfile ext.cnf \
   -extensions leaf -days 3650 -out casefold.pem 2>/dev/null
+# A leaf with basicConstraints twice: its 2.5.29.99 extension renamed
+# 2.5.29.19 in the signed part, which is then signed again with int's key.
+issue int dupext leaf_dup
+openssl x509 -in dupext.pem -outform DER -out dupext.der
+python3 - dupext.der dupext.tbs <<'PY'
+import sys
+der = open(sys.argv[1], 'rb').read()
+def element(b, at):  # (start of content, end) of the element at `at`
+    n = b[at + 1]
+    if n < 0x80:
+        return at + 2, at + 2 + n
+    k = n & 0x7f
+    return at + 2 + k, at + 2 + k + int.from_bytes(b[at + 2:at + 2 + k], 'big')
+start, _ = element(der, 0)
+_, end = element(der, start)
+tbs = der[start:end]
+assert tbs.count(b'\x06\x03\x55\x1d\x63') == 1
+open(sys.argv[2], 'wb').write(tbs.replace(b'\x06\x03\x55\x1d\x63', b'\x06\x03\x55\x1d\x13'))
+PY
+openssl dgst -sha256 -sign int.key -out dupext.sig dupext.tbs
+python3 - dupext.der dupext.tbs dupext.sig "$dir/leaves/dupext.der" <<'PY'
+import sys
+der, tbs, sig = (open(p, 'rb').read() for p in sys.argv[1:4])
+def header(tag, n):
+    if n < 0x80:
+        return bytes([tag, n])
+    k = (n.bit_length() + 7) // 8
+    return bytes([tag, 0x80 | k]) + n.to_bytes(k, 'big')
+alg = bytes.fromhex('300d06092a864886f70d01010b0500')  # sha256WithRSAEncryption
+assert alg in der
+bits = header(0x03, len(sig) + 1) + b'\0' + sig
+body = tbs + alg + bits
+open(sys.argv[4], 'wb').write(header(0x30, len(body)) + body)
+PY
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
 for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case \
