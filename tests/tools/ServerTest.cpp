@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the leaf repeating an extension) is made again.
-    if (::access((pki_ + "/leaves/dupext.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the CA that may not sign CRLs) is made again.
+    if (::access((pki_ + "/leaves/crlsign.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -273,6 +273,8 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
        Text(qva_msg::kSrvRevoked, "a certificate on the path is revoked"), "cn=revoked, reason 1, since "},
       {"no CRL", "CERT", Leaf("unknown.der"), 5009,
        Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int2"},
+      {"CRL of a CA without cRLSign", "CERT", Leaf("crlsign.der"), 5009,
+       Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int-nocrl"},
       {"policy", "CERT", Leaf("policy.der"), 5010,
        Text(qva_msg::kSrvPolicyNotAccepted, "certificate policy not accepted"), nullptr},
       {"key usage", "CERT", Leaf("keyusage.der"), 5011,
@@ -376,7 +378,7 @@ TEST_F(Server, OpensslAgreesOnTheLeaves) {
       {"explicit-ok", true},    {"explicit-none", false},   {"explicit-other", false},
       {"policy-any", true},     {"policy-anyonly", false},  {"casefold", true},
       {"mapped", true},         {"mapped-from", false},     {"map-inhibited", false},
-      {"map-any", false},       {"dupext", false},
+      {"map-any", false},       {"dupext", false},          {"crlsign", false},
   };
   for (const auto& c : cases) {
     const std::string file = pki_ + "/leaves/" + c.leaf + ".der";

@@ -179,6 +179,7 @@ bool Describe(const ByteString& der, Validator::Cert* out) {
     return false;
   out->subjectKey = NameKey(subject);
   out->issuerKey = NameKey(issuer);
+  if (util.m_nKeyUsage >= 0 && util.get_KeyUsage_value(&out->keyUsage) != 0) return false;
   RValidity validity;
   if (util.getValidity(&validity) != 0) return false;
   out->notBefore = Seconds(validity.getNotBefore());
@@ -608,7 +609,8 @@ std::time_t Validator::Now() const { return config_.fixedTime != 0 ? config_.fix
 
 // The CRL set, read again when the directory's listing, sizes or times have
 // changed since the last look (at most once a second). A CRL that does not
-// parse or whose signature no known CA certificate verifies is left out: the
+// parse or whose signature no known CA certificate allowed to sign CRLs
+// (keyUsage cRLSign, when keyUsage is present) verifies is left out: the
 // certificates it covers get "revocation unknown".
 std::shared_ptr<CrlSet> Validator::Crls() {
   std::lock_guard<std::mutex> guard(crlMutex_);
@@ -637,7 +639,8 @@ std::shared_ptr<CrlSet> Validator::Crls() {
     for (const auto* list : {&anchors_, &intermediates_}) {
       for (const Cert& ca : *list) {
         PPublicKey key;
-        if (ca.subjectKey == parsed->issuerKey && key.verifyCertificateSignature(der, ca.spki) == 0) {
+        if (ca.subjectKey == parsed->issuerKey && (ca.keyUsage < 0 || (ca.keyUsage & PCERT_KU_CRL_SIGN)) &&
+            key.verifyCertificateSignature(der, ca.spki) == 0) {
           parsed->issuerSpki = ca.spki;
           verified = true;
           break;

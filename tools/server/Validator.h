@@ -60,6 +60,7 @@ class Validator {
     std::string issuerKey;
     std::int64_t notBefore = 0;
     std::int64_t notAfter = 0;
+    int keyUsage = -1;  // PCERT_KU_* bits, -1 without keyUsage
   };
 
  private:

@@ -3,11 +3,22 @@
 #   DIR/anchors        root.pem (RSA-2048), other-root is kept outside
 #   DIR/intermediates  int.pem, int2.pem (no CRL), int-ku.pem (keyUsage without
 #                      keyCertSign), int-pl0.pem (pathlen 0), sub.pem (below
-#                      int-pl0), int-ed.pem (Ed25519 key)
-#   DIR/crls           root.crl, int.crl (revokes revoked.pem), int-ku.crl,
-#                      int-pl0.crl, sub.crl, int-nc.crl
+#                      int-pl0), int-pl0-roll.pem (self-issued by int-pl0,
+#                      new key), int-ed.pem (Ed25519 key), int-nc.pem (DNS and
+#                      directory name constraints), int-nc2.pem (mail, URI
+#                      and IP constraints), int-nc3.pem (a registeredID
+#                      constraint), int-crit.pem (an unknown critical
+#                      extension), int-rep.pem (requireExplicitPolicy 0),
+#                      int-iap.pem (inhibitAnyPolicy 0), int-case.pem,
+#                      int-map.pem (maps 1.2.410.200.1.5 to .1), int-map2.pem
+#                      (the same below int-inh.pem, which inhibits mapping),
+#                      int-mapany.pem (maps anyPolicy), int-nocrl.pem
+#                      (keyUsage without cRLSign, its CRL made all the same),
+#                      int-a-expired.pem and int-b-noku.pem (copies of int:
+#                      expired, no keyCertSign)
+#   DIR/crls           one CRL per CA but int2 (int.crl revokes revoked.pem)
 #   DIR/leaves         one certificate per case, named after its expected verdict
-# Leaves carry the policy 1.2.410.200.1.1 except policy.pem (1.2.410.200.1.2).
+# Leaves carry the policy 1.2.410.200.1.1 except where their section says otherwise.
 set -euo pipefail
 dir=$1
 mkdir -p "$dir"/{anchors,intermediates,crls,leaves,ca}
@@ -101,6 +112,9 @@ policyMappings = critical,2.5.29.32.0:1.2.410.200.1.1
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
 certificatePolicies = 1.2.410.200.1.5
+[ca_nocrl]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign
 [leaf_dup]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -214,8 +228,9 @@ SUBJ="/CN=Int Case" issue root int-case ca
 issue root int-map ca_map
 issue root int-inh ca_inh
 issue root int-mapany ca_mapany
+issue root int-nocrl ca_nocrl
 for c in int int2 int-ku int-pl0 int-ed int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-case int-map int-inh \
-  int-mapany; do
+  int-mapany int-nocrl; do
   ca_conf "$c"; cp "$c.pem" "$dir/intermediates/"
 done
 issue int-inh int-map2 ca_map
@@ -290,6 +305,7 @@ issue int-map mapped leaf
 issue int-map mapped-from leaf_policy5
 issue int-map2 map-inhibited leaf
 issue int-mapany map-any leaf
+issue int-nocrl crlsign leaf
 # A leaf whose issuer name is int-case's in other case and spacing, signed
 # with int-case's key.
 openssl req -new -x509 -key int-case.key -subj "/CN=INT  CASE" -days 1 -out int-case-alias.pem 2>/dev/null
@@ -334,10 +350,11 @@ PY
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
 for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case \
-  int-map int-inh int-map2 int-mapany; do crl "$c"; done
+  int-map int-inh int-map2 int-mapany int-nocrl; do crl "$c"; done
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
-  explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any; do
+  explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any \
+  crlsign; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
