@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the CA that may not sign CRLs) is made again.
-    if (::access((pki_ + "/leaves/crlsign.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the key rollover leaf) is made again.
+    if (::access((pki_ + "/leaves/rollover.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -293,6 +293,7 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {"MD5 signature", "CERT", Leaf("md5.der"), 5013, Text(qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm"),
        "cn=md5 is signed with 1.2.840.113549.1.1.4"},
       {"self-issued CA not counted", "CERT", Leaf("selfissued.der"), 0, "", nullptr},
+      {"CRL signed with the CA's key before rollover", "CERT", Leaf("rollover.der"), 0, "", nullptr},
       {"issuer name in other case and spacing", "CERT", Leaf("casefold.der"), 0, "", nullptr},
       {"mail below the domain", "CERT", Leaf("nc-mail-domain.der"), 0, "", nullptr},
       {"mail at the domain itself", "CERT", Leaf("nc-mail-domainself.der"), 5012, nc, "cn=nc-mail-domainself is outside"},

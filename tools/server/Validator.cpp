@@ -795,15 +795,26 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
   if (!config_.crlDir.empty()) {
     std::shared_ptr<CrlSet> crls = Crls();
     for (std::size_t i = 0; i + 1 < n; ++i) {
+      // A CRL of the issuer's name, signed with the key of the issuer or of
+      // a certificate of the same name further up this path (the CA before
+      // a key rollover); of those, the current one issued last.
+      const Cert& issuer = *path[i + 1];
+      auto signs = [&](const ParsedCrl& c) {
+        if (c.issuerKey != issuer.subjectKey) return false;
+        for (std::size_t k = i + 1; k < n; ++k)
+          if (path[k]->subjectKey == issuer.subjectKey && path[k]->spki == c.issuerSpki) return true;
+        return false;
+      };
       ParsedCrl* match = nullptr;
-      for (auto& c : crls->crls)
-        if (c->issuerKey == path[i + 1]->subjectKey && c->issuerSpki == path[i + 1]->spki) {
-          match = c.get();
-          break;
-        }
-      if (!match) return {kRevocationUnknown, "no CRL of " + Text(path[i + 1]->subject)};
-      if (when < match->thisUpdate || (match->hasNextUpdate && when > match->nextUpdate))
-        return {kRevocationUnknown, "the CRL of " + Text(path[i + 1]->subject) + " is not current"};
+      bool any = false;
+      for (auto& c : crls->crls) {
+        if (!signs(*c)) continue;
+        any = true;
+        const bool current = c->thisUpdate <= when && (!c->hasNextUpdate || when <= c->nextUpdate);
+        if (current && (!match || c->thisUpdate > match->thisUpdate)) match = c.get();
+      }
+      if (!any) return {kRevocationUnknown, "no CRL of " + Text(issuer.subject)};
+      if (!match) return {kRevocationUnknown, "the CRL of " + Text(issuer.subject) + " is not current"};
       ByteString serial;
       if (utils[i]->getSerialNumber(&serial) != 0) return {kUnparsableCertificate, {}};
       std::lock_guard<std::mutex> guard(match->lock);

@@ -15,7 +15,8 @@
 #                      int-mapany.pem (maps anyPolicy), int-nocrl.pem
 #                      (keyUsage without cRLSign, its CRL made all the same),
 #                      int-a-expired.pem and int-b-noku.pem (copies of int:
-#                      expired, no keyCertSign)
+#                      expired, no keyCertSign), int-ro.pem and
+#                      int-ro-new.pem (int-ro under a new key, self-issued)
 #   DIR/crls           one CRL per CA but int2 (int.crl revokes revoked.pem)
 #   DIR/leaves         one certificate per case, named after its expected verdict
 # Leaves carry the policy 1.2.410.200.1.1 except where their section says otherwise.
@@ -265,6 +266,15 @@ issue int-nc nc-ok leaf_dns_good
 issue int-nc nc-dns leaf_dns_bad
 issue int-nc nc-name leaf_dns_good
 issue int-pl0-roll selfissued leaf
+# int-ro under a new key, issued by itself, with no CRL of its own: the leaf
+# below it is covered by int-ro's CRL, signed with the old key.
+issue root int-ro ca
+ca_conf int-ro
+cp int-ro.pem "$dir/intermediates/"
+SUBJ=/CN=int-ro issue int-ro int-ro-new ca
+ca_conf int-ro-new
+cp int-ro-new.pem "$dir/intermediates/"
+issue int-ro-new rollover leaf
 MD=md5 issue int md5 leaf
 # Leaves below int-nc2 and int-nc3, one name each (NAME SAN).
 names=()
@@ -350,11 +360,14 @@ PY
 openssl ca -config int.cnf -revoke revoked.pem -crl_reason keyCompromise 2>/dev/null
 
 for c in root int int-ku int-pl0 sub int-nc int-nc2 int-nc3 int-crit int-rep int-iap int-pl0-roll int-case \
-  int-map int-inh int-map2 int-mapany int-nocrl; do crl "$c"; done
+  int-map int-inh int-map2 int-mapany int-nocrl int-ro; do crl "$c"; done
+# A second, older CRL of int: the current one is taken whatever the order.
+openssl ca -config int.cnf -gencrl -crl_lastupdate 20200101000000Z -crl_nextupdate 20200201000000Z \
+  -out "$dir/crls/int-aaa-old.crl" 2>/dev/null
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
   explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any \
-  crlsign; do
+  crlsign rollover; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
