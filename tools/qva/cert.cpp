@@ -99,12 +99,24 @@ int OneLine(const RRDNSequence& name, ByteString* out) {
   return 0;
 }
 
+// Each name on its own line(s); directory names in the same one-line form
+// as Issuer and Subject.
 void PrintNames(const RGeneralNames& names, const char* indent) {
   PGeneralNameUtil util;
   ByteString text;
-  if (util.parseGeneralNames(names, "", &text) != 0) {
-    std::printf("%s<%s>\n", indent, util.getErrorMessage().c_str());
-    return;
+  for (const RGeneralName& name : names.items()) {
+    if (name.isDirectoryName()) {
+      ByteString dn;
+      if (OneLine(name.getDirectoryName(), &dn) != 0) {
+        std::printf("%s<a directory name cannot be written as text>\n", indent);
+        return;
+      }
+      text += dn;
+      text += "\r\n";
+    } else if (util.parseGeneralName(name, &text) != 0) {
+      std::printf("%s<%s>\n", indent, util.getErrorMessage().c_str());
+      return;
+    }
   }
   PrintLines(text, indent);
 }
