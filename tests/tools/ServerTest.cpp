@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the key rollover leaf) is made again.
-    if (::access((pki_ + "/leaves/rollover.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the separate CRL signers) is made again.
+    if (::access((pki_ + "/leaves/sepkeys-expired.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -294,6 +294,11 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
        "cn=md5 is signed with 1.2.840.113549.1.1.4"},
       {"self-issued CA not counted", "CERT", Leaf("selfissued.der"), 0, "", nullptr},
       {"CRL signed with the CA's key before rollover", "CERT", Leaf("rollover.der"), 0, "", nullptr},
+      {"CRL signed by a separate certificate of the CA", "CERT", Leaf("sepkeys.der"), 0, "", nullptr},
+      {"revoked on a separately signed CRL", "CERT", Leaf("sepkeys-revoked.der"), 5008,
+       Text(qva_msg::kSrvRevoked, "a certificate on the path is revoked"), "cn=sepkeys-revoked, reason 4"},
+      {"separate CRL signer expired", "CERT", Leaf("sepkeys-expired.der"), 5009,
+       Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int-sep2"},
       {"issuer name in other case and spacing", "CERT", Leaf("casefold.der"), 0, "", nullptr},
       {"mail below the domain", "CERT", Leaf("nc-mail-domain.der"), 0, "", nullptr},
       {"mail at the domain itself", "CERT", Leaf("nc-mail-domainself.der"), 5012, nc, "cn=nc-mail-domainself is outside"},

@@ -29,6 +29,7 @@ struct ParsedCrl {
   ByteString issuer;
   std::string issuerKey;
   ByteString issuerSpki;
+  const Validator::Cert* signer = nullptr;  // the anchor or intermediate whose key verified it
   std::time_t thisUpdate = 0;
   std::time_t nextUpdate = 0;
   bool hasNextUpdate = false;
@@ -45,6 +46,9 @@ constexpr int kMaxDepth = 10;
 // Whole paths checked for one certificate before the first one's verdict is
 // given: bounds the work a directory of look-alike CAs can cause.
 constexpr int kMaxPaths = 8;
+// Separate CRL signers validated one inside the other at most this deep, so
+// CAs whose CRL signers vouch for each other cannot recurse without end.
+constexpr int kMaxCrlSignerDepth = 2;
 // Largest file read from a trust directory.
 constexpr std::streamoff kMaxFile = 64 << 20;
 
@@ -642,6 +646,7 @@ std::shared_ptr<CrlSet> Validator::Crls() {
         if (ca.subjectKey == parsed->issuerKey && (ca.keyUsage < 0 || (ca.keyUsage & PCERT_KU_CRL_SIGN)) &&
             key.verifyCertificateSignature(der, ca.spki) == 0) {
           parsed->issuerSpki = ca.spki;
+          parsed->signer = &ca;
           verified = true;
           break;
         }
@@ -663,6 +668,10 @@ Result Validator::ValidateCertificate(const ByteString& input) {
   ByteString der;
   Cert leaf;
   if (!Decode(input, PEM_CERTIFICATE, &der) || !Describe(der, &leaf)) return {kUnparsableCertificate, {}};
+  return Search(leaf, Now(), 0, nullptr);
+}
+
+Result Validator::Search(const Cert& leaf, std::time_t when, int depth, const Cert** anchor) {
 
   // Depth-first search for a path to an anchor whose checks pass; each whole
   // path found is checked, and the search goes on past one that fails (an
@@ -670,7 +679,6 @@ Result Validator::ValidateCertificate(const ByteString& input) {
   // the verdict is that of the path that failed at the latest check (the
   // first such), else the first signature failure met by a candidate with
   // the right name.
-  const std::time_t when = Now();
   Result failure{kUntrustedIssuer, {}};
   Result pathFailure{kValid, {}};
   bool valid = false;
@@ -678,8 +686,11 @@ Result Validator::ValidateCertificate(const ByteString& input) {
   std::vector<const Cert*> path{&leaf};
   // True when the search is over: a path passed or enough were tried.
   auto check = [&]() -> bool {
-    const Result r = CheckPath(path, when);
-    if (r.verdict == kValid) return valid = true;
+    const Result r = CheckPath(path, when, depth);
+    if (r.verdict == kValid) {
+      if (anchor) *anchor = path.back();
+      return valid = true;
+    }
     if (tried == 0 || Stage(r.verdict) > Stage(pathFailure.verdict)) pathFailure = r;
     return ++tried >= kMaxPaths;
   };
@@ -715,7 +726,7 @@ Result Validator::ValidateCertificate(const ByteString& input) {
   return tried > 0 ? pathFailure : failure;
 }
 
-Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t when) {
+Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t when, int depth) {
   const std::size_t n = path.size();
   std::vector<std::unique_ptr<PCertUtil>> utils;
   for (const Cert* c : path) {
@@ -798,12 +809,21 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
       // A CRL of the issuer's name, signed with the key of the issuer or of
       // a certificate of the same name further up this path (the CA before
       // a key rollover); of those, the current one issued last.
+      // Failing that, one signed by a separate certificate of the issuer's
+      // name, itself valid at the time under the same anchor.
       const Cert& issuer = *path[i + 1];
+      std::vector<const Cert*> separate;  // signers found valid so far
       auto signs = [&](const ParsedCrl& c) {
         if (c.issuerKey != issuer.subjectKey) return false;
         for (std::size_t k = i + 1; k < n; ++k)
           if (path[k]->subjectKey == issuer.subjectKey && path[k]->spki == c.issuerSpki) return true;
-        return false;
+        if (depth >= kMaxCrlSignerDepth || !c.signer) return false;
+        if (std::find(separate.begin(), separate.end(), c.signer) != separate.end()) return true;
+        const Cert* signerAnchor = nullptr;
+        if (Search(*c.signer, when, depth + 1, &signerAnchor).verdict != kValid || signerAnchor != path.back())
+          return false;
+        separate.push_back(c.signer);
+        return true;
       };
       ParsedCrl* match = nullptr;
       bool any = false;
@@ -830,8 +850,9 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
       }
     }
   }
-  // The leaf's policies against the allow-list.
-  if (!config_.policies.empty()) {
+  // The leaf's policies against the allow-list (not a CRL signer's: it
+  // vouches for a CRL, not for the requester).
+  if (!config_.policies.empty() && depth == 0) {
     int count = 0;
     bool accepted = false;
     if (utils[0]->getcertPolicyCNT(&count) == 0) {

@@ -66,7 +66,11 @@ class Validator {
  private:
   std::time_t Now() const;
   std::shared_ptr<CrlSet> Crls();
-  Result CheckPath(const std::vector<const Cert*>& path, std::time_t when);
+  // The verdict on a described certificate at `when`; *anchor (when given)
+  // is set to the anchor of the path that passed. `depth` counts the
+  // separate CRL signers being validated around this search.
+  Result Search(const Cert& leaf, std::time_t when, int depth, const Cert** anchor);
+  Result CheckPath(const std::vector<const Cert*>& path, std::time_t when, int depth);
   static Result CheckPolicies(const std::vector<const Cert*>& path,
                               const std::vector<std::unique_ptr<PCertUtil>>& utils);
 

@@ -16,7 +16,10 @@
 #                      (keyUsage without cRLSign, its CRL made all the same),
 #                      int-a-expired.pem and int-b-noku.pem (copies of int:
 #                      expired, no keyCertSign), int-ro.pem and
-#                      int-ro-new.pem (int-ro under a new key, self-issued)
+#                      int-ro-new.pem (int-ro under a new key, self-issued),
+#                      int-sep.pem and int-sep2.pem (keyCertSign only) with
+#                      int-sep-crl.pem and int-sep2-crl.pem (their names,
+#                      other keys, cRLSign only; the second expired)
 #   DIR/crls           one CRL per CA but int2 (int.crl revokes revoked.pem)
 #   DIR/leaves         one certificate per case, named after its expected verdict
 # Leaves carry the policy 1.2.410.200.1.1 except where their section says otherwise.
@@ -116,6 +119,12 @@ certificatePolicies = 1.2.410.200.1.5
 [ca_nocrl]
 basicConstraints = critical,CA:TRUE
 keyUsage = critical,keyCertSign
+[ca_certsign]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,keyCertSign
+[ca_crlsign]
+basicConstraints = critical,CA:TRUE
+keyUsage = critical,cRLSign
 [leaf_dup]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -275,6 +284,25 @@ SUBJ=/CN=int-ro issue int-ro int-ro-new ca
 ca_conf int-ro-new
 cp int-ro-new.pem "$dir/intermediates/"
 issue int-ro-new rollover leaf
+# int-sep signs certificates, and a second certificate of its name with
+# another key signs its CRL; int-sep2 likewise, but that certificate has
+# expired.
+for c in int-sep int-sep2; do
+  issue root "$c" ca_certsign
+  ca_conf "$c"
+  cp "$c.pem" "$dir/intermediates/"
+done
+SUBJ=/CN=int-sep issue root int-sep-crl ca_crlsign
+SUBJ=/CN=int-sep2 issue root int-sep2-crl ca_crlsign 20200101000000Z 20210101000000Z
+cp int-sep-crl.pem int-sep2-crl.pem "$dir/intermediates/"
+issue int-sep sepkeys leaf
+issue int-sep sepkeys-revoked leaf
+issue int-sep2 sepkeys-expired leaf
+openssl ca -config int-sep.cnf -revoke sepkeys-revoked.pem -crl_reason superseded 2>/dev/null
+for c in int-sep int-sep2; do
+  openssl ca -config "$c.cnf" -gencrl -cert "$c-crl.pem" -keyfile "$c-crl.key" -crldays 3650 \
+    -out "$dir/crls/$c.crl" 2>/dev/null
+done
 MD=md5 issue int md5 leaf
 # Leaves below int-nc2 and int-nc3, one name each (NAME SAN).
 names=()
@@ -367,7 +395,7 @@ openssl ca -config int.cnf -gencrl -crl_lastupdate 20200101000000Z -crl_nextupda
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
   explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any \
-  crlsign rollover; do
+  crlsign rollover sepkeys sepkeys-revoked sepkeys-expired; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
