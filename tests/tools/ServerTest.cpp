@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the separate CRL signers) is made again.
-    if (::access((pki_ + "/leaves/sepkeys-expired.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the policy flood) is made again.
+    if (::access((pki_ + "/leaves/policy-flood.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -335,6 +335,8 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {"anyPolicy inhibited, named policy kept", "CERT", Leaf("policy-any.der"), 0, "", nullptr},
       {"anyPolicy inhibited, nothing left", "CERT", Leaf("policy-anyonly.der"), 5010, policy,
        "an explicit policy is required and none is valid for cn=policy-anyonly"},
+      {"5001 policies to follow", "CERT", Leaf("policy-flood.der"), 5010, policy,
+       "too many policies to follow at cn=policy-flood"},
       {"policy reached through a mapping", "CERT", Leaf("mapped.der"), 0, "", nullptr},
       {"policy mapped away", "CERT", Leaf("mapped-from.der"), 5010, policy,
        "an explicit policy is required and none is valid for cn=mapped-from"},

@@ -481,6 +481,7 @@ constexpr const char* kRefusedSignatures[] = {
 };
 
 const std::string kAnyPolicy = "2.5.29.32.0";
+constexpr std::size_t kMaxPolicyNodes = 4096;
 
 // The tree of valid policies built down the path, one level per certificate
 // below the anchor (level 0 is the anchor's anyPolicy root).
@@ -488,6 +489,9 @@ class PolicyTree {
  public:
   PolicyTree() { levels_.push_back({Node{kAnyPolicy, {kAnyPolicy}, -1, true}}); }
   bool Empty() const { return empty_; }
+  // Mappings and anyPolicy can multiply the nodes level by level; a tree
+  // past this size is refused rather than grown further.
+  bool TooLarge() const { return nodes_ > kMaxPolicyNodes; }
 
   // The certificate at `depth` asserts `policies`; anyPolicy among them
   // counts only when `anyAllowed`.
@@ -495,17 +499,26 @@ class PolicyTree {
     if (empty_) return;
     std::vector<Node>& up = levels_[depth - 1];
     std::vector<Node> level;
+    // False once the tree would pass its bound (TooLarge then tells).
+    auto add = [&](const std::string& p, std::size_t parent) {
+      if (nodes_ + level.size() >= kMaxPolicyNodes) {
+        nodes_ = kMaxPolicyNodes + 1;
+        return false;
+      }
+      level.push_back(Node{p, {p}, static_cast<int>(parent), true});
+      return true;
+    };
     for (const std::string& p : policies) {
       if (p == kAnyPolicy) continue;
       bool matched = false;
       for (std::size_t k = 0; k < up.size(); ++k)
         if (up[k].alive && up[k].expected.count(p)) {
-          level.push_back(Node{p, {p}, static_cast<int>(k), true});
+          if (!add(p, k)) return;
           matched = true;
         }
       if (!matched)
         for (std::size_t k = 0; k < up.size(); ++k)
-          if (up[k].alive && up[k].policy == kAnyPolicy) level.push_back(Node{p, {p}, static_cast<int>(k), true});
+          if (up[k].alive && up[k].policy == kAnyPolicy && !add(p, k)) return;
     }
     if (anyAllowed && std::find(policies.begin(), policies.end(), kAnyPolicy) != policies.end()) {
       for (std::size_t k = 0; k < up.size(); ++k) {
@@ -514,10 +527,11 @@ class PolicyTree {
           const bool present = std::any_of(level.begin(), level.end(), [&](const Node& c) {
             return c.parent == static_cast<int>(k) && c.policy == e;
           });
-          if (!present) level.push_back(Node{e, {e}, static_cast<int>(k), true});
+          if (!present && !add(e, k)) return;
         }
       }
     }
+    nodes_ += level.size();
     levels_.push_back(std::move(level));
     Prune();
   }
@@ -544,6 +558,7 @@ class PolicyTree {
         for (std::size_t k = 0; k < level.size(); ++k)
           if (level[k].alive && level[k].policy == kAnyPolicy) {
             level.push_back(Node{m.first, m.second, level[k].parent, true});
+            ++nodes_;
             break;
           }
     }
@@ -574,6 +589,7 @@ class PolicyTree {
   }
 
   std::vector<std::vector<Node>> levels_;
+  std::size_t nodes_ = 1;
   bool empty_ = false;
 };
 
@@ -582,11 +598,12 @@ class PolicyTree {
 bool PoliciesOf(PCertUtil& cert, std::vector<std::string>* out, bool* present) {
   *present = cert.m_nCertificatePolicies >= 0;
   if (!*present) return true;
-  int count = 0;
-  if (cert.getcertPolicyCNT(&count) != 0) return false;
-  for (int i = 0; i < count; ++i) {
-    ByteString arcs;
-    if (cert.getPolicyIdentifier(i, &arcs) != 0) return false;
+  // Decoded once: asking by index decodes the whole extension each time.
+  RCertificatePolicies policies;
+  if (cert.getCertPolicy(&policies) != 0) return false;
+  for (int i = 0; i < policies.getCount(); ++i) {
+    const ByteString arcs = policies.getAt(i)->getPolicyIdentifier().getOID(' ');
+    if (arcs.length() == 0) return false;
     out->push_back(Text(UDNSettings::Dotted(arcs)));
   }
   return true;
@@ -853,17 +870,12 @@ Result Validator::CheckPath(const std::vector<const Cert*>& path, std::time_t wh
   // The leaf's policies against the allow-list (not a CRL signer's: it
   // vouches for a CRL, not for the requester).
   if (!config_.policies.empty() && depth == 0) {
-    int count = 0;
-    bool accepted = false;
-    if (utils[0]->getcertPolicyCNT(&count) == 0) {
-      for (int i = 0; i < count && !accepted; ++i) {
-        ByteString arcs;
-        if (utils[0]->getPolicyIdentifier(i, &arcs) != 0) continue;
-        std::string oid = Text(arcs);
-        std::replace(oid.begin(), oid.end(), ' ', '.');
-        accepted = std::find(config_.policies.begin(), config_.policies.end(), oid) != config_.policies.end();
-      }
-    }
+    std::vector<std::string> leafPolicies;
+    bool present = false;
+    PoliciesOf(*utils[0], &leafPolicies, &present);
+    const bool accepted = std::any_of(leafPolicies.begin(), leafPolicies.end(), [&](const std::string& oid) {
+      return std::find(config_.policies.begin(), config_.policies.end(), oid) != config_.policies.end();
+    });
     if (!accepted) return {kPolicyNotAccepted, {}};
   }
   return {kValid, {}};
@@ -892,6 +904,7 @@ Result Validator::CheckPolicies(const std::vector<const Cert*>& path,
       tree.Certificate(depth, policies, inhibitAny > 0 || (!leaf && selfIssued));
     else
       tree.Clear();
+    if (tree.TooLarge()) return {kPolicyNotAccepted, "too many policies to follow at " + who};
     const std::string none = "an explicit policy is required and none is valid for " + who;
     RPolicyConstraints pc;
     if (cert.m_nPolicyConstraints >= 0 && cert.getploicyConstraints(&pc) != 0)
@@ -917,6 +930,7 @@ Result Validator::CheckPolicies(const std::vector<const Cert*>& path,
         map[from].insert(to);
       }
       tree.Map(map, policyMapping > 0);
+      if (tree.TooLarge()) return {kPolicyNotAccepted, "too many policies to follow at " + who};
     }
     if (!selfIssued) {
       if (explicitPolicy > 0) --explicitPolicy;

@@ -125,6 +125,10 @@ keyUsage = critical,keyCertSign
 [ca_crlsign]
 basicConstraints = critical,CA:TRUE
 keyUsage = critical,cRLSign
+[leaf_flood]
+basicConstraints = CA:FALSE
+keyUsage = critical,digitalSignature
+certificatePolicies = $ENV::POLICIES
 [leaf_dup]
 basicConstraints = CA:FALSE
 keyUsage = critical,digitalSignature
@@ -207,7 +211,7 @@ issue() {
   openssl ca -batch -config "$ca.cnf" -in "$name.csr" -out "$name.pem" -notext -extfile ext.cnf \
     -extensions "$ext" -startdate "$start" -enddate "$end" -md "${MD:-sha256}" 2>/dev/null
 }
-export SAN=DNS:unused.example
+export SAN=DNS:unused.example POLICIES=1.2.410.200.1.1
 
 crl() {
   openssl ca -config "$1.cnf" -gencrl -crldays 3650 -out "$dir/crls/$1.crl" 2>/dev/null
@@ -339,6 +343,8 @@ issue int-rep explicit-none leaf_nopolicy
 issue int-rep explicit-other leaf_policy
 issue int-iap policy-any leaf_any
 issue int-iap policy-anyonly leaf_anyonly
+# 5000 policies besides the accepted one, each a node of its own below int-iap's anyPolicy.
+POLICIES="1.2.410.200.1.1,$(seq -f '1.3.9.%g' 1 5000 | paste -sd,)" issue int-iap policy-flood leaf_flood
 issue int-map mapped leaf
 issue int-map mapped-from leaf_policy5
 issue int-map2 map-inhibited leaf
@@ -395,7 +401,7 @@ openssl ca -config int.cnf -gencrl -crl_lastupdate 20200101000000Z -crl_nextupda
 for l in valid revoked expired notyet policy unknown keyusage pathlen algorithm untrusted nc-ok nc-dns nc-name \
   "${names[@]}" nc-dn-mail nc-dn-mail-ok nc-rid nc-rid-absent crit-int crit-leaf noncrit explicit-ok explicit-none \
   explicit-other policy-any policy-anyonly selfissued md5 casefold mapped mapped-from map-inhibited map-any \
-  crlsign rollover sepkeys sepkeys-revoked sepkeys-expired; do
+  crlsign rollover sepkeys sepkeys-revoked sepkeys-expired policy-flood; do
   openssl x509 -in "$l.pem" -outform DER -out "$dir/leaves/$l.der"
 done
 # A copy of the valid leaf's signature with one bit flipped.
