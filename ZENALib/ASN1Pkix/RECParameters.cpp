@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RECParameters.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 const RField RECParameters::kFields[] = {
     R_FIELD(RECParameters, version, ASN1_TAG_INTEGER, R_MANDATORY),
     R_FIELD(RECParameters, fieldID, ASN1_TAG_SEQUENCE, R_MANDATORY),
@@ -10,4 +12,4 @@ const RField RECParameters::kFields[] = {
     R_FIELD(RECParameters, hash, ASN1_TAG_SEQUENCE, R_OPTIONAL),
 };
 const RSchema RECParameters::kSchema =
-    R_SCHEMA(RECParameters, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, "At least 5 components are required."), kFields);
+    R_SCHEMA(RECParameters, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 const RField RPrivateKeyInfo::kFields[] = {
     R_FIELD(RPrivateKeyInfo, version, ASN1_TAG_INTEGER, R_MANDATORY),
     R_FIELD(RPrivateKeyInfo, privateKeyAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
@@ -8,7 +10,7 @@ const RField RPrivateKeyInfo::kFields[] = {
     R_FIELD_IMPLICIT(RPrivateKeyInfo, publicKey, 1, R_OPTIONAL),
 };
 const RSchema RPrivateKeyInfo::kSchema =
-    R_SCHEMA(RPrivateKeyInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(3, "At least 3 components are required."), kFields);
+    R_SCHEMA(RPrivateKeyInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(3, r_msg::kAtLeast3), kFields);
 
 RPrivateKeyInfo::RPrivateKeyInfo() {
   m_privateKey.setSecret(true);

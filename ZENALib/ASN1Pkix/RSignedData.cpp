@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RSignedData.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 const RField RSignedData::kFields[] = {
     R_FIELD(RSignedData, version, ASN1_TAG_INTEGER, R_MANDATORY),
     R_FIELD(RSignedData, digestAlgorithms, ASN1_TAG_SET, R_MANDATORY),
@@ -9,4 +11,4 @@ const RField RSignedData::kFields[] = {
     R_FIELD(RSignedData, signerInfos, ASN1_TAG_SET, R_MANDATORY),
 };
 const RSchema RSignedData::kSchema =
-    R_SCHEMA(RSignedData, ASN1_TAG_SEQUENCE, R_AT_LEAST(4, "At least 4 components are required."), kFields);
+    R_SCHEMA(RSignedData, ASN1_TAG_SEQUENCE, R_AT_LEAST(4, r_msg::kAtLeast4), kFields);

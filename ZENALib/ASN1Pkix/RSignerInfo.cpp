@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RSignerInfo.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 #include "base/ByteReader.h"
 
 const RField RSignerInfo::kFields[] = {
@@ -12,7 +14,7 @@ const RField RSignerInfo::kFields[] = {
     R_FIELD_IMPLICIT(RSignerInfo, unsignedAttrs, 1, R_OPTIONAL),
 };
 const RSchema RSignerInfo::kSchema =
-    R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, "At least 5 components are required."), kFields);
+    R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);
 
 int RSignerInfo::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawSignedAttrs.clear();

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RTBSCertList.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 const RField RTBSCertList::kFields[] = {
     R_FIELD(RTBSCertList, version, ASN1_TAG_INTEGER, R_OPTIONAL),
     R_FIELD(RTBSCertList, signature, ASN1_TAG_SEQUENCE, R_MANDATORY),
@@ -10,4 +12,4 @@ const RField RTBSCertList::kFields[] = {
     R_FIELD_EXPLICIT(RTBSCertList, crlExtensions, 0, R_OPTIONAL),
 };
 const RSchema RTBSCertList::kSchema =
-    R_SCHEMA(RTBSCertList, ASN1_TAG_SEQUENCE, R_AT_LEAST(3, "At least 3 components are required."), kFields);
+    R_SCHEMA(RTBSCertList, ASN1_TAG_SEQUENCE, R_AT_LEAST(3, r_msg::kAtLeast3), kFields);

@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RTSTInfo.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 const RField RTSTInfo::kFields[] = {
     R_FIELD(RTSTInfo, version, ASN1_TAG_INTEGER, R_MANDATORY),
     R_FIELD(RTSTInfo, policy, ASN1_TAG_OID, R_MANDATORY),
@@ -13,4 +15,4 @@ const RField RTSTInfo::kFields[] = {
     R_FIELD_IMPLICIT(RTSTInfo, extensions, 1, R_OPTIONAL),
 };
 const RSchema RTSTInfo::kSchema =
-    R_SCHEMA(RTSTInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, "At least 5 components are required."), kFields);
+    R_SCHEMA(RTSTInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);
