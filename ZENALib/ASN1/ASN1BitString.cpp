@@ -20,7 +20,8 @@ int ASN1BitString::setBitString(const ByteString& bsData, int bNamedBitList) {
   if (bNamedBitList == 1 && n > 0) {
     // A named bit list carries no trailing zero bits (X.690 11.2.2).
     while (n > 0 && p[n - 1] == 0) --n;
-    if (n == 0) return ASN1_FAIL("ASN1BitString", "setBitString", "nLen", asn1_code::kBadValue, "The input data value is null.");
+    if (n == 0)
+      return ASN1_FAIL("ASN1BitString", "setBitString", "nLen", asn1_code::kBadValue, "The input data value is null.");
     for (unsigned char last = p[n - 1]; !(last & 1); last >>= 1) ++unused;
   }
   ByteWriter w;

@@ -36,7 +36,8 @@ int ASN1GeneralizedTime::checkValue(const unsigned char* p, int n) {
   failText(__FILE__, __LINE__, kClass, kMethod, (field), (code), (format), szText, nLength)
 
 int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
-  if (!szText || nLength < 15) return ASN1_FAIL(kClass, "checkGMTTime", "length", asn1_code::kGmtLength, asn1_msg::kGmtFormat);
+  if (!szText || nLength < 15)
+    return ASN1_FAIL(kClass, "checkGMTTime", "length", asn1_code::kGmtLength, asn1_msg::kGmtFormat);
   DateTime dt{ReadDigits(szText, 4),      ReadDigits(szText + 4, 2),  ReadDigits(szText + 6, 2),
               ReadDigits(szText + 8, 2),  ReadDigits(szText + 10, 2), ReadDigits(szText + 12, 2)};
   if (dt.nSecond < 0 || dt.nSecond > 59) return TIME_FAIL("nSec", asn1_code::kGmtSeconds, asn1_msg::kSecondsError);
@@ -52,7 +53,8 @@ int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
     for (++pos; pos < nLength && szText[pos] >= '0' && szText[pos] <= '9'; ++pos) {
     }
   }
-  if (pos != nLength - 1 || szText[pos] != 'Z') return TIME_FAIL("data", asn1_code::kGmtFormat, asn1_msg::kInvalidFormat);
+  if (pos != nLength - 1 || szText[pos] != 'Z')
+    return TIME_FAIL("data", asn1_code::kGmtFormat, asn1_msg::kInvalidFormat);
   const std::int64_t t = asn1_calendar::ToSeconds(dt);
   // Dates before 1970 are negative times; only a time the calendar time type cannot hold is refused.
   if (!asn1_calendar::FitsTimeT(t))

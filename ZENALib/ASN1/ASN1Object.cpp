@@ -179,7 +179,8 @@ int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTagged
     }
   }
   // A ByteString holds at most INT32_MAX octets.
-  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX)) return asn1_code::kEncodeNoMemory;
+  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX))
+    return asn1_code::kEncodeNoMemory;
   return 0;
 }
 
@@ -209,7 +210,8 @@ ByteString& ASN1Object::toASN1Object() {
   Header h;
   if (const int rc = buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
                                  static_cast<std::uint64_t>(m_bsValue.length()), &h)) {
-    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == asn1_code::kEncodeNoMemory ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
+    ASN1_FAIL(kClass, kMethod, h.szField, rc,
+              rc == asn1_code::kEncodeNoMemory ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
     return m_bsEncoded;
   }
   // One allocation for the whole encoding.
@@ -289,7 +291,8 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       return 0;
     }
     std::uint8_t id = 0;
-    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
+    if (r.readU8(&id) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
     unsigned char tagged = 0;
     if (checkASN1Member(id, nullptr, &tagged, nullptr, nullptr) != 0)
       return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kEocBadIdentifier);
@@ -301,15 +304,17 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
     std::uint32_t len = 0;
     bool indefinite = false;
     if (const int rc = r.readLength(&len, &indefinite); rc != BS_OK)
-      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kEocLengthTooLong, asn1_msg::kLengthError)
-                               : ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
+      return rc == BR_TOO_LONG
+                 ? ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kEocLengthTooLong, asn1_msg::kLengthError)
+                 : ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
         return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", asn1_code::kEocNested);
       len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
     }
-    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
+    if (r.skip(len) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
   }
 }
 

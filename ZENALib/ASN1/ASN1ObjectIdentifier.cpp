@@ -64,8 +64,8 @@ int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
     ++count;
   }
   if (count > kMaxArcs || count < 2 || tooLarge) {
-    return failText(__FILE__, __LINE__, kClass, "setOID", "nOID", count < 2 ? asn1_code::kOidTooShort : asn1_code::kOidArc,
-                    asn1_msg::kOidValue, szText, nLength);
+    return failText(__FILE__, __LINE__, kClass, "setOID", "nOID",
+                    count < 2 ? asn1_code::kOidTooShort : asn1_code::kOidArc, asn1_msg::kOidValue, szText, nLength);
   }
   unsigned char out[1 + (kMaxArcs - 2) * 5];
   // The first two arcs share one octet (arcs below 2.176 only).

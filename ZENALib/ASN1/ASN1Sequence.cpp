@@ -94,7 +94,8 @@ int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const unsigne
     m_nBorrowed = contentLength;
   }
   if (m_bNoTable) return 0;
-  if (ExtractComponentInfo() != 0) return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", asn1_code::kComponents);
+  if (ExtractComponentInfo() != 0)
+    return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", asn1_code::kComponents);
   return 0;
 }
 
@@ -120,10 +121,13 @@ int ASN1Sequence::ReallocCompontntInfo() {
   // so that a SEQUENCE OF with very many members is not copied quadratically.
   const int step = std::max(kGrowBy, m_nComponentCapacity / 2 / kGrowBy * kGrowBy);
   if (m_nComponentCapacity > INT32_MAX / static_cast<int>(sizeof(ComponentInfo)) - step)
-    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed,
+                     asn1_msg::kMemoryError);
   const int capacity = m_nComponentCapacity + step;
   std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
-  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
+  if (!table)
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed,
+                     asn1_msg::kMemoryError);
   // Every old entry moves over: a walk in progress fills entries ahead of the published count.
   if (m_nComponentCapacity > 0)
     std::copy(pComponentInfo.get(), pComponentInfo.get() + m_nComponentCapacity, table.get());
@@ -173,7 +177,8 @@ int ASN1Sequence::ExtractComponentInfo() {
         return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", asn1_code::kWalkIndefiniteNoEnd));
       len = static_cast<std::uint32_t>(inner) + 2;
     }
-    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kWalkLengthPast, asn1_msg::kLengthError));
+    if (r.skip(len) != BS_OK)
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kWalkLengthPast, asn1_msg::kLengthError));
     ++count;
   }
   for (int i = 0; i < count; ++i) {

@@ -48,7 +48,8 @@ int ASN1UTCTime::checkUTCTime(const char* szText, int nLength) {
   if (year < 0) return TIME_FAIL("data", asn1_code::kUtcFormat, asn1_msg::kUtcFormat);
   // Two-digit years: below 50 is 20YY, otherwise 19YY.
   DateTime dt{year < 50 ? 2000 + year : 1900 + year, month, day, hour, minute, 0};
-  if (day < 1 || day > asn1_calendar::DaysInMonth(dt.nYear, month)) return TIME_FAIL("nDay", asn1_code::kUtcDay, asn1_msg::kDayError);
+  if (day < 1 || day > asn1_calendar::DaysInMonth(dt.nYear, month))
+    return TIME_FAIL("nDay", asn1_code::kUtcDay, asn1_msg::kDayError);
 
   int offset = 0;  // seconds, signed as it is applied
   auto readSeconds = [&]() {
