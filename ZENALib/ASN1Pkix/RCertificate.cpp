@@ -2,11 +2,7 @@
 
 #include "ZENALib/ASN1Pkix/RMessages.h"
 
-const RField RCertificate::kFields[] = {
-    R_FIELD(RCertificate, tbsCertificate, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificate, signatureAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificate, signature, ASN1_TAG_BITSTRING, R_MANDATORY),
-};
+R_FIELDS(RCertificate);
 const RSchema RCertificate::kSchema =
     R_SCHEMA(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 

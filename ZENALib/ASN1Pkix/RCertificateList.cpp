@@ -2,11 +2,7 @@
 
 #include "ZENALib/ASN1Pkix/RMessages.h"
 
-const RField RCertificateList::kFields[] = {
-    R_FIELD(RCertificateList, tbsCertList, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificateList, signatureAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificateList, signature, ASN1_TAG_BITSTRING, R_MANDATORY),
-};
+R_FIELDS(RCertificateList);
 const RSchema RCertificateList::kSchema =
     R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 

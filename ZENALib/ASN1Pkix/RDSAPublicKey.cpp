@@ -2,20 +2,13 @@
 
 #include "ZENALib/ASN1Pkix/RMessages.h"
 
-const RField RDSAPublicKey::kParmsFields[] = {
-    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+const RField RDSAPublicKey::kParmsFields[] = {RDSAPublicKey_COMPONENTS(R_FIELD_ROW)};
 const RSchema RDSAPublicKey::kParmsSchema =
     R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kParmsFields);
 
 const RField RDSAPublicKey::kKeyFields[] = {
     R_FIELD(RDSAPublicKey, y, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+    RDSAPublicKey_COMPONENTS(R_FIELD_ROW)};
 const RSchema RDSAPublicKey::kKeySchema =
     R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(4, r_msg::kNot4), kKeyFields);
 

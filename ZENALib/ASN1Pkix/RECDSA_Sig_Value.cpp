@@ -2,9 +2,6 @@
 
 #include "ZENALib/ASN1Pkix/RMessages.h"
 
-const RField RECDSA_Sig_Value::kFields[] = {
-    R_FIELD(RECDSA_Sig_Value, r, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RECDSA_Sig_Value, s, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+R_FIELDS(RECDSA_Sig_Value);
 const RSchema RECDSA_Sig_Value::kSchema =
     R_SCHEMA(RECDSA_Sig_Value, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);
