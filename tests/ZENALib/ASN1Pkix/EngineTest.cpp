@@ -48,11 +48,12 @@ R_FIELDS(RProbe);
 const RSchema RProbe::kSchema =
     R_SCHEMA(RProbe, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 components are required."), kFields);
 
-// What is wrong with the schema rows of class C, empty when nothing is: each
-// row must reach a member inside the object, the rows must follow the
-// members' declaration order (all private, so their addresses ascend), the
-// trace name must be "m_" and the schema name, and there must be one row per
-// listed component.
+// What is wrong with the schema rows of class C, empty when nothing is: the
+// trace name must be "m_" and the schema name, there must be one row per
+// listed component, and in a structure each row must reach a member inside
+// the object, in the members' declaration order (all private, so their
+// addresses ascend). A CHOICE's rows are not followed: reaching an
+// alternative may build it.
 template <typename C>
 std::string RowFaults(const char* cls) {
   struct Peek : C {
@@ -65,11 +66,13 @@ std::string RowFaults(const char* cls) {
   std::string faults;
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
-    const auto* at = reinterpret_cast<const unsigned char*>(&f.ref(obj));
-    if (at < lo || at + sizeof(ASN1Object) > lo + sizeof(Peek)) faults += std::string(" ") + f.name + ": outside;";
-    if (prev && at <= prev) faults += std::string(" ") + f.name + ": out of order;";
     if (std::string(f.member) != std::string("m_") + f.name) faults += std::string(" ") + f.member + ": trace name;";
-    prev = at;
+    if constexpr (std::is_base_of_v<RStructure, C>) {
+      const auto* at = reinterpret_cast<const unsigned char*>(&f.ref(obj));
+      if (at < lo || at + sizeof(ASN1Object) > lo + sizeof(Peek)) faults += std::string(" ") + f.name + ": outside;";
+      if (prev && at <= prev) faults += std::string(" ") + f.name + ": out of order;";
+      prev = at;
+    }
   }
   if (s.nFields != C::kComponentCount)
     faults += " " + std::to_string(s.nFields) + " rows for " + std::to_string(C::kComponentCount) + " components;";
