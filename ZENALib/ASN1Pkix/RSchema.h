@@ -83,26 +83,28 @@ ASN1Object& RMemberRef(ASN1Object& owner) {
 
 #define R_FIELD_IMPL(C, name, kind, tag, mask, flags) \
   RField { #name, "m_" #name, &RMemberRef<&C::m_##name>, kind, tag, mask, flags }
-// An untagged component with one universal tag.
-#define R_FIELD(C, name, utag, flags) R_FIELD_IMPL(C, name, RKind::Universal, utag, (1u << (utag)), flags)
-// An untagged component accepting any universal tag in mask (messages name `utag`).
-#define R_FIELD_TAGS(C, name, utag, mask, flags) R_FIELD_IMPL(C, name, RKind::Universal, utag, mask, flags)
-#define R_FIELD_ANY(C, name, flags) R_FIELD_IMPL(C, name, RKind::Any, -1, 0u, flags)
-#define R_FIELD_EXPLICIT(C, name, n, flags) R_FIELD_IMPL(C, name, RKind::Explicit, n, 0u, flags)
-#define R_FIELD_IMPLICIT(C, name, n, flags) R_FIELD_IMPL(C, name, RKind::Implicit, n, 0u, flags)
 
 // The list of a class: one row X(type, accessor name, member name, encoding,
 // flags) per component, in schema order; the encoding is UNIVERSAL(utag),
-// TAGS(utag, mask), ANY(), EXPLICIT(n) or IMPLICIT(n), as for the R_FIELD...
-// macros above. The header expands it into the members and accessors
-// (R_COMPONENTS or R_ALTERNATIVES), the source into the schema rows
-// (R_FIELDS), so the two cannot disagree. A row may name a constant that only
-// the source defines: the header's expansion drops the encoding.
+// TAGS(utag, mask), ANY(), EXPLICIT(n) or IMPLICIT(n). The header expands it
+// into the members and accessors (R_COMPONENTS or R_ALTERNATIVES), the source
+// into the schema rows (R_FIELDS), so the two cannot disagree. A row may name
+// a constant that only the source defines: the header's expansion drops the
+// encoding.
 #define R_ENCODING_UNIVERSAL(utag) RKind::Universal, utag, (1u << (utag))
 #define R_ENCODING_TAGS(utag, mask) RKind::Universal, utag, mask
 #define R_ENCODING_ANY() RKind::Any, -1, 0u
 #define R_ENCODING_EXPLICIT(n) RKind::Explicit, n, 0u
 #define R_ENCODING_IMPLICIT(n) RKind::Implicit, n, 0u
+
+// Single rows, for a table written beside the list.
+// An untagged component with one universal tag.
+#define R_FIELD(C, name, utag, flags) R_FIELD_ROW_(C, name, R_ENCODING_UNIVERSAL(utag), flags)
+// An untagged component accepting any universal tag in mask (messages name `utag`).
+#define R_FIELD_TAGS(C, name, utag, mask, flags) R_FIELD_ROW_(C, name, R_ENCODING_TAGS(utag, mask), flags)
+#define R_FIELD_ANY(C, name, flags) R_FIELD_ROW_(C, name, R_ENCODING_ANY(), flags)
+#define R_FIELD_EXPLICIT(C, name, n, flags) R_FIELD_ROW_(C, name, R_ENCODING_EXPLICIT(n), flags)
+#define R_FIELD_IMPLICIT(C, name, n, flags) R_FIELD_ROW_(C, name, R_ENCODING_IMPLICIT(n), flags)
 
 // A list row as a schema row. RSelf is the class, declared by R_COMPONENTS
 // or R_ALTERNATIVES; the table's initializer is in the class's scope.
