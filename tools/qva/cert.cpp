@@ -25,6 +25,7 @@
 #include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
+#include "tools/qva/messages.h"
 #include "tools/qva/platform/display.h"
 
 namespace {
@@ -421,11 +422,11 @@ bool Load(const char* path, std::vector<ByteString>* certs) {
   ByteString file;
   std::string why;
   if (!ReadFile(path, &file)) {
-    std::fprintf(stderr, "qva: cannot read %s\n", path);
+    std::fprintf(stderr, qva_msg::kCannotRead, path);
     return false;
   }
   if (!Certificates(file, certs, &why)) {
-    std::fprintf(stderr, "qva: %s: %s\n", path, why.c_str());
+    std::fprintf(stderr, qva_msg::kFailedOn, path, why.c_str());
     return false;
   }
   return true;
@@ -483,7 +484,7 @@ int RunCertCommand(int argc, char** argv) {
       std::printf("certificate %zu: signature OK\n", i + 1);
     } else {
       std::printf("certificate %zu: signature failure\n", i + 1);
-      std::fprintf(stderr, "qva: %s\n", error.c_str());
+      std::fprintf(stderr, qva_msg::kFailed, error.c_str());
     }
     if (rc == 2) return 2;
     if (rc) status = 1;
