@@ -9,6 +9,7 @@ packages=(
   rhash binutils libc-bin
   pkg-config dpkg-dev file
   libasio-dev libcli11-dev libsqlite3-dev
+  libpq-dev postgresql
   python3-pip python3-setuptools python3-wheel
 )
 if [ "${QVA_WITH_MINGW:-0}" = 1 ]; then

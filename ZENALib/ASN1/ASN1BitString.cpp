@@ -1,6 +1,7 @@
 #include "ZENALib/ASN1/ASN1BitString.h"
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 ASN1BitString::ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
@@ -19,20 +20,21 @@ int ASN1BitString::setBitString(const ByteString& bsData, int bNamedBitList) {
   if (bNamedBitList == 1 && n > 0) {
     // A named bit list carries no trailing zero bits (X.690 11.2.2).
     while (n > 0 && p[n - 1] == 0) --n;
-    if (n == 0) return ASN1_FAIL("ASN1BitString", "setBitString", "nLen", 1, "The input data value is null.");
+    if (n == 0)
+      return ASN1_FAIL("ASN1BitString", "setBitString", "nLen", asn1_code::kBadValue, "The input data value is null.");
     for (unsigned char last = p[n - 1]; !(last & 1); last >>= 1) ++unused;
   }
   ByteWriter w;
   w.reserve(static_cast<std::size_t>(n) + 1);
   w.u8(unused).bytes(p, static_cast<std::size_t>(n));
   if (w.finish(&m_bsValue) != BS_OK)
-    return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", 2, asn1_msg::kMemoryError);
+    return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return 0;
 }
 
 ByteString ASN1BitString::getBitString(int* pnUnusedBits) {
   if (m_bsValue.length() == 0) {
-    ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", 1, asn1_msg::kBitStringEmpty);
+    ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", asn1_code::kBitStringEmpty, asn1_msg::kBitStringEmpty);
     return ByteString();
   }
   if (pnUnusedBits) *pnUnusedBits = m_bsValue.data()[0];

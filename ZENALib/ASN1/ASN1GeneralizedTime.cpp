@@ -1,6 +1,7 @@
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
 
 #include "ZENALib/ASN1/ASN1Calendar.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 using asn1_calendar::DateTime;
@@ -22,7 +23,7 @@ int ASN1GeneralizedTime::fromASN1View(const unsigned char* pData, int nData) {
                                  "TagType(%d) is not ASN1_TAG_GENERALIZEDTIME"))
     return rc;
   if (checkGMTTime(m_bsValue.c_str(), m_bsValue.length()) != 0)
-    return ASN1_FAIL_CHAINED(kClass, "fromASN1Object", "checkGMTTime", 3);
+    return ASN1_FAIL_CHAINED(kClass, "fromASN1Object", "checkGMTTime", asn1_code::kTimeText);
   return 0;
 }
 
@@ -35,27 +36,29 @@ int ASN1GeneralizedTime::checkValue(const unsigned char* p, int n) {
   failText(__FILE__, __LINE__, kClass, kMethod, (field), (code), (format), szText, nLength)
 
 int ASN1GeneralizedTime::checkGMTTime(const char* szText, int nLength) {
-  if (!szText || nLength < 15) return ASN1_FAIL(kClass, "checkGMTTime", "length", 1, asn1_msg::kGmtFormat);
+  if (!szText || nLength < 15)
+    return ASN1_FAIL(kClass, "checkGMTTime", "length", asn1_code::kGmtLength, asn1_msg::kGmtFormat);
   DateTime dt{ReadDigits(szText, 4),      ReadDigits(szText + 4, 2),  ReadDigits(szText + 6, 2),
               ReadDigits(szText + 8, 2),  ReadDigits(szText + 10, 2), ReadDigits(szText + 12, 2)};
-  if (dt.nSecond < 0 || dt.nSecond > 59) return TIME_FAIL("nSec", 2, asn1_msg::kSecondsError);
-  if (dt.nMinute < 0 || dt.nMinute > 59) return TIME_FAIL("nMin", 3, asn1_msg::kMinutesError);
-  if (dt.nHour < 0 || dt.nHour > 23) return TIME_FAIL("nHour", 4, asn1_msg::kHourError);
-  if (dt.nMonth < 1 || dt.nMonth > 12) return TIME_FAIL("nMonth", 5, asn1_msg::kMonthError);
-  if (dt.nYear < 0) return TIME_FAIL("data", 8, asn1_msg::kInvalidFormat);
+  if (dt.nSecond < 0 || dt.nSecond > 59) return TIME_FAIL("nSec", asn1_code::kGmtSeconds, asn1_msg::kSecondsError);
+  if (dt.nMinute < 0 || dt.nMinute > 59) return TIME_FAIL("nMin", asn1_code::kGmtMinutes, asn1_msg::kMinutesError);
+  if (dt.nHour < 0 || dt.nHour > 23) return TIME_FAIL("nHour", asn1_code::kGmtHour, asn1_msg::kHourError);
+  if (dt.nMonth < 1 || dt.nMonth > 12) return TIME_FAIL("nMonth", asn1_code::kGmtMonth, asn1_msg::kMonthError);
+  if (dt.nYear < 0) return TIME_FAIL("data", asn1_code::kGmtFormat, asn1_msg::kInvalidFormat);
   if (dt.nDay < 1 || dt.nDay > asn1_calendar::DaysInMonth(dt.nYear, dt.nMonth))
-    return TIME_FAIL("nDay", dt.nMonth == 2 ? 6 : 7, asn1_msg::kDayError);
+    return TIME_FAIL("nDay", dt.nMonth == 2 ? asn1_code::kGmtFebruaryDay : asn1_code::kGmtDay, asn1_msg::kDayError);
   int pos = 14;
   if (szText[pos] == '.') {
     // A fraction of a second is accepted and not kept.
     for (++pos; pos < nLength && szText[pos] >= '0' && szText[pos] <= '9'; ++pos) {
     }
   }
-  if (pos != nLength - 1 || szText[pos] != 'Z') return TIME_FAIL("data", 8, asn1_msg::kInvalidFormat);
+  if (pos != nLength - 1 || szText[pos] != 'Z')
+    return TIME_FAIL("data", asn1_code::kGmtFormat, asn1_msg::kInvalidFormat);
   const std::int64_t t = asn1_calendar::ToSeconds(dt);
   // Dates before 1970 are negative times; only a time the calendar time type cannot hold is refused.
   if (!asn1_calendar::FitsTimeT(t))
-    return TIME_FAIL("data", 9,
+    return TIME_FAIL("data", asn1_code::kGmtUnrepresentable,
                     asn1_msg::kUnrepresentable);
   m_GMTTime = static_cast<std::time_t>(t);
   return 0;
@@ -68,7 +71,7 @@ int ASN1GeneralizedTime::setGMTTime(std::time_t tTime) {
   if (t < asn1_calendar::kFirstGeneralizedTime || t > asn1_calendar::kLastGeneralizedTime) {
     ByteString message;
     message.format(asn1_msg::kBefore1970, static_cast<long long>(tTime));
-    return ASN1_FAIL(kClass, "setGMTTime", "m_GMTTime", 1, message.c_str());
+    return ASN1_FAIL(kClass, "setGMTTime", "m_GMTTime", asn1_code::kTimeOutOfRange, message.c_str());
   }
   char text[24];
   asn1_calendar::FormatTime(tTime, true, text);

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 ASN1Integer::ASN1Integer() { m_ucPrimitiveTag = ASN1_TAG_INTEGER; }
@@ -61,7 +62,7 @@ int ASN1Integer::setInteger(const void* pData, int nLength, int nSign) {
   else if (nSign == -1 && !(p[0] & 0x80)) w.u8(0xFF);  // negative number
   w.bytes(p, static_cast<std::size_t>(nLength));
   if (w.finish(&m_bsValue) != BS_OK)
-    return ASN1_FAIL("ASN1Integer", "setInteger", "m_bsValue", 2, asn1_msg::kMemoryError);
+    return ASN1_FAIL("ASN1Integer", "setInteger", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return 0;
 }
 

@@ -6,6 +6,7 @@
 #include "base/ByteReader.h"
 #include "base/Limits.h"
 #include "base/SecureZero.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
@@ -46,8 +47,10 @@ struct LengthCodes {
   int nIndefinitePast;  // end-of-contents past the input
   int nShort;           // short form runs past the input
 };
-constexpr LengthCodes kOuterCodes = {4, 5, 6, 7};
-constexpr LengthCodes kInnerCodes = {9, 10, 11, 12};
+constexpr LengthCodes kOuterCodes = {asn1_code::kOuterLongPast, asn1_code::kOuterIndefiniteNoEnd,
+                                     asn1_code::kOuterIndefinitePast, asn1_code::kOuterShortPast};
+constexpr LengthCodes kInnerCodes = {asn1_code::kInnerLongPast, asn1_code::kInnerIndefiniteNoEnd,
+                                     asn1_code::kInnerIndefinitePast, asn1_code::kInnerShortPast};
 
 }  // namespace
 
@@ -146,13 +149,13 @@ int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTagged
   if (ucPrimitiveTag == ASN1_TAG_NONE) {
     if (ucTaggedType != ASN1_EXPLICIT || nOptionTagNo < 0) {
       h->szField = "m_ucTaggedType";
-      return 1;
+      return asn1_code::kUntypedNotExplicit;
     }
   } else if (ucTaggedType != ASN1_IMPLICIT) {
     const bool constructed = IsConstructedUniversal(ucPrimitiveTag) || ucConstructed == ASN1_CONSTRUCTED;
     h->inner[h->nInner++] = static_cast<unsigned char>(ucPrimitiveTag | (constructed ? ASN1_CONSTRUCTED : 0));
   }
-  if (nContent > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  if (nContent > static_cast<std::uint64_t>(INT32_MAX)) return asn1_code::kEncodeNoMemory;
   h->nInner += putLength(h->inner + h->nInner, static_cast<std::uint32_t>(nContent));
   const std::uint64_t innerLen = static_cast<std::uint64_t>(h->nInner) + nContent;
 
@@ -160,7 +163,7 @@ int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTagged
   if (ucTaggedType != ASN1_UNTAGGED) {
     if (nOptionTagNo < 0) {
       h->szField = "m_nOptionTagNo";
-      return 2;
+      return asn1_code::kNegativeTagNumber;
     }
     if (nOptionTagNo <= 30) {
       unsigned char id = static_cast<unsigned char>(ucTagClass | nOptionTagNo);
@@ -171,12 +174,13 @@ int ASN1Object::buildHeader(unsigned char ucPrimitiveTag, unsigned char ucTagged
       h->nOuter += putBase128(h->outer + h->nOuter, static_cast<std::uint32_t>(nOptionTagNo));
     }
     if (ucTaggedType == ASN1_EXPLICIT) {
-      if (innerLen > 0xFFFFFFFFu) return 3;
+      if (innerLen > 0xFFFFFFFFu) return asn1_code::kEncodeNoMemory;
       h->nOuter += putLength(h->outer + h->nOuter, static_cast<std::uint32_t>(innerLen));
     }
   }
   // A ByteString holds at most INT32_MAX octets.
-  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX)) return 3;
+  if (innerLen + static_cast<std::uint64_t>(h->nOuter) > static_cast<std::uint64_t>(INT32_MAX))
+    return asn1_code::kEncodeNoMemory;
   return 0;
 }
 
@@ -206,7 +210,8 @@ ByteString& ASN1Object::toASN1Object() {
   Header h;
   if (const int rc = buildHeader(m_ucPrimitiveTag, m_ucTaggedType, m_nOptionTagNo, m_ucTagClass, m_ucConstructed,
                                  static_cast<std::uint64_t>(m_bsValue.length()), &h)) {
-    ASN1_FAIL(kClass, kMethod, h.szField, rc, rc == 3 ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
+    ASN1_FAIL(kClass, kMethod, h.szField, rc,
+              rc == asn1_code::kEncodeNoMemory ? asn1_msg::kMemoryError : asn1_msg::kFormatError);
     return m_bsEncoded;
   }
   // One allocation for the whole encoding.
@@ -215,7 +220,7 @@ ByteString& ASN1Object::toASN1Object() {
   w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
   if (w.finish(&m_bsEncoded) != BS_OK) {
     m_bsEncoded.clear();
-    ASN1_FAIL(kClass, kMethod, "m_bsValue", 3, asn1_msg::kMemoryError);
+    ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kEncodeNoMemory, asn1_msg::kMemoryError);
   }
   return m_bsEncoded;
 }
@@ -241,7 +246,7 @@ int ASN1Object::checkASN1Member(unsigned char b, unsigned char* pucTag, unsigned
   if ((tag >= 13 && tag <= 15) || tag == 29 || tag == 31) {
     ByteString message;
     message.format(asn1_msg::kNotMember, tag);
-    return ASN1_FAIL(kClass, "checkASN1Member", "CheckASN1Member", 1, message.c_str());
+    return ASN1_FAIL(kClass, "checkASN1Member", "CheckASN1Member", asn1_code::kNotMember, message.c_str());
   }
   return 0;
 }
@@ -277,7 +282,7 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
   // Each nested indefinite length costs a stack frame: hostile input could
   // otherwise nest them until the stack runs out.
   if (nDepth > qva_limits::kMaxIndefiniteDepth || !p || nAvail < 0)
-    return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
+    return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
   ByteReader r(p, static_cast<std::size_t>(nAvail));
   for (;;) {
     const unsigned char* here = r.data();
@@ -286,27 +291,30 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
       return 0;
     }
     std::uint8_t id = 0;
-    if (r.readU8(&id) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
+    if (r.readU8(&id) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
     unsigned char tagged = 0;
     if (checkASN1Member(id, nullptr, &tagged, nullptr, nullptr) != 0)
-      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1);
+      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kEocBadIdentifier);
     if (tagged == ASN1_HIGHTAG) {
       const int used = GetHighTag(here, static_cast<int>(r.remaining()) + 1, nullptr, true);
-      if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 2);
+      if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", asn1_code::kEocBadHighTag);
       r.skip(static_cast<std::size_t>(used - 1));
     }
     std::uint32_t len = 0;
     bool indefinite = false;
     if (const int rc = r.readLength(&len, &indefinite); rc != BS_OK)
-      return rc == BR_TOO_LONG ? ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError)
-                               : ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
+      return rc == BR_TOO_LONG
+                 ? ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kEocLengthTooLong, asn1_msg::kLengthError)
+                 : ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner, nDepth + 1) != 0)
-        return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 3);
+        return ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", asn1_code::kEocNested);
       len = static_cast<std::uint32_t>(inner) + 2;  // the contents and their end-of-contents octets
     }
-    if (r.skip(len) != BS_OK) return ASN1_FAIL(kClass, kMethod, "Value Length", 5, asn1_msg::kIndefiniteEnd);
+    if (r.skip(len) != BS_OK)
+      return ASN1_FAIL(kClass, kMethod, "Value Length", asn1_code::kEocMissing, asn1_msg::kIndefiniteEnd);
   }
 }
 
@@ -320,7 +328,7 @@ int ASN1Object::fromASN1View(const unsigned char* pData, int nData) {
 int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char** ppContent, int* pnContent) {
   static const char kMethod[] = "fromASN1Object";
   m_nErrorCode = 0;
-  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kNullData);
+  if (!d) return ASN1_FAIL(kClass, kMethod, "baData", asn1_code::kNoData, asn1_msg::kNullData);
   // Either the contents are stored, or their span is handed back.
   auto keep = [&](const unsigned char* p, int len) -> int {
     if (ppContent) {
@@ -330,19 +338,19 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
     }
     if (m_bSecret) m_bsValue.zeroize();
     if (m_bsValue.setData(p, len) != BS_OK)
-      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kNoData, asn1_msg::kMemoryError);
     return 0;
   };
-  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", 1, asn1_msg::kLengthError);
+  if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", asn1_code::kNoData, asn1_msg::kLengthError);
 
   m_ucConstructed = 0;
   if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0)
-    return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 2);
+    return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kBadIdentifier);
   ByteReader r(d, static_cast<std::size_t>(n));
   r.skip(1);
   if (m_ucTaggedType == ASN1_HIGHTAG) {
     const int used = GetHighTag(d, n, &m_nOptionTagNo, true);
-    if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 3);
+    if (!used) return ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", asn1_code::kBadHighTag);
     r.skip(static_cast<std::size_t>(used - 1));
     m_ucTaggedType = d[0] == 0xBF ? ASN1_EXPLICIT : ASN1_IMPLICIT;
   }
@@ -380,7 +388,7 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
     const unsigned char* innerStart = r.data();
     unsigned char innerTag = 0, innerTagged = 0;
     if (checkASN1Member(innerStart[0], &innerTag, &innerTagged, nullptr, nullptr) != 0)
-      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 8);
+      return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kInnerBadIdentifier);
     if (innerTagged != ASN1_UNTAGGED) {
       // A tagged element inside an explicit tag is kept whole.
       return keep(innerStart, static_cast<int>(outerLen));
@@ -399,14 +407,14 @@ int ASN1Object::decodeTyped(const char* szFile, int nLine, const unsigned char* 
                             const char* szClass, unsigned char ucTag, const char* szTagFormat,
                             const unsigned char** ppContent, int* pnContent) {
   if (decodeElement(pData, nData, ppContent, pnContent) != 0)
-    return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", 1);
+    return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", asn1_code::kElement);
   // An implicit tag hides the type: the class's own tag is assumed.
   if (m_ucTaggedType == ASN1_IMPLICIT) {
     m_ucPrimitiveTag = ucTag;
   } else if (m_ucPrimitiveTag != ucTag) {
     ByteString message;
     message.format(szTagFormat, m_ucPrimitiveTag);
-    return fail(szFile, nLine, szClass, "fromASN1Object", "m_ucPrimitiveTag", 2, message.c_str());
+    return fail(szFile, nLine, szClass, "fromASN1Object", "m_ucPrimitiveTag", asn1_code::kWrongTag, message.c_str());
   }
   return 0;
 }
@@ -423,7 +431,7 @@ int ASN1Object::setValue(const void* pData, int nLength) {
   if (const int rc = checkValue(p, nLength)) return rc;
   if (m_bSecret) m_bsValue.zeroize();
   if (m_bsValue.setData(p, nLength) != BS_OK)
-    return ASN1_FAIL(kClass, "setValue", "m_bsValue", 2, asn1_msg::kMemoryError);
+    return ASN1_FAIL(kClass, "setValue", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return afterSetValue();
 }
 
@@ -437,7 +445,7 @@ int ASN1Object::checkCharacters(const char* szFile, int nLine, const unsigned ch
     if (!pAccept(p[i])) {
       ByteString message;
       message.format(szFormat, p[i]);
-      return fail(szFile, nLine, szClass, "setValue", "data", 1, message.c_str());
+      return fail(szFile, nLine, szClass, "setValue", "data", asn1_code::kBadValue, message.c_str());
     }
   }
   return 0;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
@@ -63,8 +64,8 @@ int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
     ++count;
   }
   if (count > kMaxArcs || count < 2 || tooLarge) {
-    return failText(__FILE__, __LINE__, kClass, "setOID", "nOID", count < 2 ? 2 : 1,
-                    asn1_msg::kOidValue, szText, nLength);
+    return failText(__FILE__, __LINE__, kClass, "setOID", "nOID",
+                    count < 2 ? asn1_code::kOidTooShort : asn1_code::kOidArc, asn1_msg::kOidValue, szText, nLength);
   }
   unsigned char out[1 + (kMaxArcs - 2) * 5];
   // The first two arcs share one octet (arcs below 2.176 only).
@@ -79,7 +80,7 @@ ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
   const unsigned char* p = m_bsValue.data();
   const int n = m_bsValue.length();
   if (n == 0) {
-    ASN1_FAIL(kClass, "getOID", "nOID", 2, asn1_msg::kOidFormat);
+    ASN1_FAIL(kClass, "getOID", "nOID", asn1_code::kOidTooShort, asn1_msg::kOidFormat);
     return ByteString();
   }
   char text[kMaxSubIdentifiers * 12 + 16];
@@ -89,7 +90,7 @@ ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
     int sub = 0;
     const int octets = count < kMaxSubIdentifiers ? GetHighTag(p + pos, n - pos, &sub, false) : 0;
     if (!octets) {
-      ASN1_FAIL(kClass, "getOID", "nOID", 1, asn1_msg::kOidFormat);
+      ASN1_FAIL(kClass, "getOID", "nOID", asn1_code::kOidArc, asn1_msg::kOidFormat);
       return ByteString();
     }
     pos += octets;

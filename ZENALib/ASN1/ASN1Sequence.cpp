@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/ByteReader.h"
+#include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 namespace {
@@ -93,7 +94,8 @@ int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const unsigne
     m_nBorrowed = contentLength;
   }
   if (m_bNoTable) return 0;
-  if (ExtractComponentInfo() != 0) return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", 3);
+  if (ExtractComponentInfo() != 0)
+    return failChained(szFile, nLine, szClass, "fromASN1Object", "ExtractComponentInfo", asn1_code::kComponents);
   return 0;
 }
 
@@ -119,10 +121,13 @@ int ASN1Sequence::ReallocCompontntInfo() {
   // so that a SEQUENCE OF with very many members is not copied quadratically.
   const int step = std::max(kGrowBy, m_nComponentCapacity / 2 / kGrowBy * kGrowBy);
   if (m_nComponentCapacity > INT32_MAX / static_cast<int>(sizeof(ComponentInfo)) - step)
-    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed,
+                     asn1_msg::kMemoryError);
   const int capacity = m_nComponentCapacity + step;
   std::unique_ptr<ComponentInfo[]> table(new (std::nothrow) ComponentInfo[capacity]());
-  if (!table) return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", 1, asn1_msg::kMemoryError);
+  if (!table)
+    return ASN1_FAIL(kClass, "ReallocCompontntInfo", "pComponentInfo", asn1_code::kComponentFailed,
+                     asn1_msg::kMemoryError);
   // Every old entry moves over: a walk in progress fills entries ahead of the published count.
   if (m_nComponentCapacity > 0)
     std::copy(pComponentInfo.get(), pComponentInfo.get() + m_nComponentCapacity, table.get());
@@ -150,12 +155,12 @@ int ASN1Sequence::ExtractComponentInfo() {
     unsigned char tag = 0, tagged = 0;
     int tagNo = 0;
     if (checkASN1Member(id, &tag, &tagged, &tagNo, nullptr) != 0)
-      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", 1));
+      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kWalkBadIdentifier));
     if (count == m_nComponentCapacity && ReallocCompontntInfo() != 0)
-      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 2));
+      return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", asn1_code::kWalkTableGrowth));
     if (tagged == ASN1_HIGHTAG) {
       const int used = GetHighTag(start, static_cast<int>(r.remaining()) + 1, &tagNo, true);
-      if (!used) return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", 3));
+      if (!used) return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "GetHighTag", asn1_code::kWalkBadHighTag));
       r.skip(static_cast<std::size_t>(used - 1));
     }
     ComponentInfo& entry = pComponentInfo[count];
@@ -165,14 +170,15 @@ int ASN1Sequence::ExtractComponentInfo() {
     std::uint32_t len = 0;
     bool indefinite = false;
     if (r.readLength(&len, &indefinite) != BS_OK)
-      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kWalkLengthPast, asn1_msg::kLengthError));
     if (indefinite) {
       int inner = 0;
       if (findIndefiniteLengEnd(r.data(), static_cast<int>(r.remaining()), &inner) != 0)
-        return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", 5));
+        return failWalk(ASN1_FAIL_CHAINED(kClass, kMethod, "findIndefiniteLengEnd", asn1_code::kWalkIndefiniteNoEnd));
       len = static_cast<std::uint32_t>(inner) + 2;
     }
-    if (r.skip(len) != BS_OK) return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", 4, asn1_msg::kLengthError));
+    if (r.skip(len) != BS_OK)
+      return failWalk(ASN1_FAIL(kClass, kMethod, "nValueLen", asn1_code::kWalkLengthPast, asn1_msg::kLengthError));
     ++count;
   }
   for (int i = 0; i < count; ++i) {
@@ -188,17 +194,17 @@ int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
   // An empty component gets its (zero-length) table entry like any other, so
   // the table still counts every component added.
   if (m_nComponentCount == m_nComponentCapacity && ReallocCompontntInfo() != 0)
-    return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", 1);
+    return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", asn1_code::kComponentFailed);
   if (m_pBorrowed) {
     // Building on a borrowed walk starts from a value of its own.
     if (m_bsValue.setData(m_pBorrowed, m_nBorrowed) != BS_OK)
-      return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
+      return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
     m_pBorrowed = nullptr;
     m_nBorrowed = 0;
   }
   const int offset = m_bsValue.length();
   if (m_bsValue.append(bsComponent.data(), bsComponent.length()) != BS_OK)
-    return ASN1_FAIL(kClass, kMethod, "m_bsValue", 1, asn1_msg::kMemoryError);
+    return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
   pComponentInfo[m_nComponentCount] = ComponentInfo{offset, bsComponent.length(), nTagKey};
   ++m_nComponentCount;
   return 0;
@@ -209,9 +215,9 @@ int ASN1Sequence::addComponent(const ByteString& bsComponent) {
   unsigned char tag = 0, tagged = 0;
   int tagNo = 0;
   if (checkASN1Member(bsComponent.data()[0], &tag, &tagged, &tagNo, nullptr) != 0)
-    return ASN1_FAIL_CHAINED(kClass, "addComponent", "checkASN1Member", 1);
+    return ASN1_FAIL_CHAINED(kClass, "addComponent", "checkASN1Member", asn1_code::kComponentFailed);
   if (tagged == ASN1_HIGHTAG && !GetHighTag(bsComponent.data(), bsComponent.length(), &tagNo, true))
-    return ASN1_FAIL_CHAINED(kClass, "addComponent", "GetHighTag", 1);
+    return ASN1_FAIL_CHAINED(kClass, "addComponent", "GetHighTag", asn1_code::kComponentFailed);
   return addComponent(bsComponent, tagged == ASN1_UNTAGGED ? -static_cast<int>(tag) : tagNo);
 }
 
@@ -223,7 +229,7 @@ const ASN1Sequence::ComponentInfo* ASN1Sequence::getComponentInfo(int nIndex) co
 ByteString& ASN1Sequence::getComponent(int nIndex) {
   const ComponentInfo* info = getComponentInfo(nIndex);
   if (!info) {
-    m_nErrorCode = 1;
+    m_nErrorCode = asn1_code::kNoComponent;
     m_bsEncoded.clear();
     return m_bsEncoded;
   }
@@ -233,7 +239,7 @@ ByteString& ASN1Sequence::getComponent(int nIndex) {
 
 int ASN1Sequence::getComponentBytes(int nIndex, const unsigned char** ppData, int* pnLength) const {
   const ComponentInfo* info = getComponentInfo(nIndex);
-  if (!info) return 1;
+  if (!info) return asn1_code::kNoComponent;
   if (ppData) *ppData = contents() + info->nOffset;
   if (pnLength) *pnLength = info->nLength;
   return 0;

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RGeneralName.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAccessDescription_COMPONENTS(X)                                                    \
+  X(ASN1ObjectIdentifier, AccessMethod, accessMethod, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RGeneralName, AccessLocation, accessLocation, ANY(), R_MANDATORY)
+
 class RAccessDescription : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, AccessMethod, accessMethod)
-  R_COMPONENT(RGeneralName, AccessLocation, accessLocation)
+  R_COMPONENTS(RAccessDescription)
 };

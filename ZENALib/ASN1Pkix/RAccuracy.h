@@ -8,9 +8,12 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAccuracy_COMPONENTS(X)                                             \
+  X(ASN1Integer, Seconds, seconds, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL) \
+  X(ASN1Integer, Millis, millis, IMPLICIT(0), R_OPTIONAL)                   \
+  X(ASN1Integer, Micros, micros, IMPLICIT(1), R_OPTIONAL)
+
 class RAccuracy : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Seconds, seconds)
-  R_COMPONENT(ASN1Integer, Millis, millis)
-  R_COMPONENT(ASN1Integer, Micros, micros)
+  R_COMPONENTS(RAccuracy)
 };

@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
-const RField RAlgorithmIdentifier::kFields[] = {
-    R_FIELD(RAlgorithmIdentifier, algorithm, ASN1_TAG_OID, R_MANDATORY),
-    R_FIELD_ANY(RAlgorithmIdentifier, parameters, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RAlgorithmIdentifier);
 const RSchema RAlgorithmIdentifier::kSchema =
-    R_SCHEMA(RAlgorithmIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    R_SCHEMA(RAlgorithmIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

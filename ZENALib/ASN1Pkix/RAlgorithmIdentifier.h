@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAlgorithmIdentifier_COMPONENTS(X)                                            \
+  X(ASN1ObjectIdentifier, Algorithm, algorithm, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, Parameters, parameters, ANY(), R_OPTIONAL)
+
 class RAlgorithmIdentifier : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, Algorithm, algorithm)
-  R_COMPONENT(RAny, Parameters, parameters)
+  R_COMPONENTS(RAlgorithmIdentifier)
 };

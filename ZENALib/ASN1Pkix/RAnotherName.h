@@ -9,9 +9,12 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+// get/setValue would hide ASN1Object::getValue/setValue: the accessors say NameValue.
+#define RAnotherName_COMPONENTS(X)                                               \
+  X(ASN1ObjectIdentifier, TypeId, type_id, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, NameValue, value, EXPLICIT(0), R_MANDATORY)
+
 class RAnotherName : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, TypeId, type_id)
-  // get/setValue would hide ASN1Object::getValue/setValue: the accessors say NameValue.
-  R_COMPONENT(RAny, NameValue, value)
+  R_COMPONENTS(RAnotherName)
 };

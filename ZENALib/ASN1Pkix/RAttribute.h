@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1Pkix/RAttributeValues.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAttribute_COMPONENTS(X)                                            \
+  X(ASN1ObjectIdentifier, Type, type, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAttributeValues, Values, values, UNIVERSAL(ASN1_TAG_SET), R_MANDATORY)
+
 class RAttribute : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, Type, type)
-  R_COMPONENT(RAttributeValues, Values, values)
+  R_COMPONENTS(RAttribute)
 };

@@ -5,10 +5,13 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAttributeTypeAndValue_COMPONENTS(X)                                \
+  X(ASN1ObjectIdentifier, Type, type, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, Value, value, ANY(), R_MANDATORY)
+
 class RAttributeTypeAndValue : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, Type, type)
-  R_COMPONENT(RAny, Value, value)
+  R_COMPONENTS(RAttributeTypeAndValue)
 
  public:
   // The component accessors above are named after `value`; the codec's own

@@ -10,9 +10,12 @@
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RAuthorityKeyIdentifier_COMPONENTS(X)                                                   \
+  X(ASN1OctetString, KeyIdentifier, keyIdentifier, IMPLICIT(0), R_OPTIONAL)                     \
+  X(RGeneralNames, AuthorityCertIssuer, authorityCertIssuer, IMPLICIT(1), R_OPTIONAL)           \
+  X(ASN1Integer, AuthorityCertSerialNumber, authorityCertSerialNumber, IMPLICIT(2), R_OPTIONAL)
+
 class RAuthorityKeyIdentifier : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1OctetString, KeyIdentifier, keyIdentifier)
-  R_COMPONENT(RGeneralNames, AuthorityCertIssuer, authorityCertIssuer)
-  R_COMPONENT(ASN1Integer, AuthorityCertSerialNumber, authorityCertSerialNumber)
+  R_COMPONENTS(RAuthorityKeyIdentifier)
 };

@@ -7,10 +7,13 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RBasicConstraints_COMPONENTS(X)                                                         \
+  X(ASN1Boolean, CA, cA, UNIVERSAL(ASN1_TAG_BOOLEAN), R_OPTIONAL)                               \
+  X(ASN1Integer, PathLenConstraint, pathLenConstraint, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)
+
 class RBasicConstraints : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Boolean, CA, cA)
-  R_COMPONENT(ASN1Integer, PathLenConstraint, pathLenConstraint)
+  R_COMPONENTS(RBasicConstraints)
 
  public:
   // cA with its DEFAULT FALSE applied.

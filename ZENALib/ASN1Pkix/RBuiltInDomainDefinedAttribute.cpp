@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RBuiltInDomainDefinedAttribute.h"
 
-const RField RBuiltInDomainDefinedAttribute::kFields[] = {
-    R_FIELD(RBuiltInDomainDefinedAttribute, type, ASN1_TAG_PRINTABLESTRING, R_MANDATORY),
-    R_FIELD(RBuiltInDomainDefinedAttribute, value, ASN1_TAG_PRINTABLESTRING, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RBuiltInDomainDefinedAttribute);
 const RSchema RBuiltInDomainDefinedAttribute::kSchema = R_SCHEMA(
-    RBuiltInDomainDefinedAttribute, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+    RBuiltInDomainDefinedAttribute, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);

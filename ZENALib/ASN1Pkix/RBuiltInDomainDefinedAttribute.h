@@ -6,9 +6,12 @@
 #include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+// get/setValue would hide ASN1Object::getValue/setValue: the accessors say AttributeValue.
+#define RBuiltInDomainDefinedAttribute_COMPONENTS(X)                                              \
+  X(ASN1PrintableString, Type, type, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY)            \
+  X(ASN1PrintableString, AttributeValue, value, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY)
+
 class RBuiltInDomainDefinedAttribute : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1PrintableString, Type, type)
-  // get/setValue would hide ASN1Object::getValue/setValue: the accessors say AttributeValue.
-  R_COMPONENT(ASN1PrintableString, AttributeValue, value)
+  R_COMPONENTS(RBuiltInDomainDefinedAttribute)
 };

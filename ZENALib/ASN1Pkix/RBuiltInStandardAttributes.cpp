@@ -11,17 +11,7 @@ constexpr unsigned char kAdministrationId = ASN1_CLASS_APPLICATION | ASN1_CONSTR
 
 // Encoding uses this table as it stands: the two leading fields take any
 // identifier and are written when present.
-const RField RBuiltInStandardAttributes::kFields[] = {
-    R_FIELD_ANY(RBuiltInStandardAttributes, country_name, R_OPTIONAL),
-    R_FIELD_ANY(RBuiltInStandardAttributes, administration_domain_name, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, network_address, 0, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, terminal_identifier, 1, R_OPTIONAL),
-    R_FIELD_EXPLICIT(RBuiltInStandardAttributes, private_domain_name, 2, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, organization_name, 3, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, numeric_user_identifier, 4, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, personal_name, 5, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RBuiltInStandardAttributes, organizational_unit_names, 6, R_OPTIONAL),
-};
+R_FIELDS(RBuiltInStandardAttributes);
 const RSchema RBuiltInStandardAttributes::kSchema =
     R_SCHEMA(RBuiltInStandardAttributes, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
 

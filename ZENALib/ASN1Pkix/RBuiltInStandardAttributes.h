@@ -21,16 +21,19 @@
 #include "ZENALib/ASN1Pkix/RPrivateDomainName.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RBuiltInStandardAttributes_COMPONENTS(X)                                                           \
+  X(RCountryName, CountryName, country_name, ANY(), R_OPTIONAL)                                            \
+  X(RAdministrationDomainName, AdministrationDomainName, administration_domain_name, ANY(), R_OPTIONAL)    \
+  X(ASN1NumericString, NetworkAddress, network_address, IMPLICIT(0), R_OPTIONAL)                           \
+  X(ASN1PrintableString, TerminalIdentifier, terminal_identifier, IMPLICIT(1), R_OPTIONAL)                 \
+  X(RPrivateDomainName, PrivateDomainName, private_domain_name, EXPLICIT(2), R_OPTIONAL)                   \
+  X(ASN1PrintableString, OrganizationName, organization_name, IMPLICIT(3), R_OPTIONAL)                     \
+  X(ASN1NumericString, NumericUserIdentifier, numeric_user_identifier, IMPLICIT(4), R_OPTIONAL)            \
+  X(RPersonalName, PersonalName, personal_name, IMPLICIT(5), R_OPTIONAL)                                   \
+  X(ROrganizationalUnitNames, OrganizationalUnitNames, organizational_unit_names, IMPLICIT(6), R_OPTIONAL)
+
 class RBuiltInStandardAttributes : public RStructure {
-  R_COMPONENT(RCountryName, CountryName, country_name)
-  R_COMPONENT(RAdministrationDomainName, AdministrationDomainName, administration_domain_name)
-  R_COMPONENT(ASN1NumericString, NetworkAddress, network_address)
-  R_COMPONENT(ASN1PrintableString, TerminalIdentifier, terminal_identifier)
-  R_COMPONENT(RPrivateDomainName, PrivateDomainName, private_domain_name)
-  R_COMPONENT(ASN1PrintableString, OrganizationName, organization_name)
-  R_COMPONENT(ASN1NumericString, NumericUserIdentifier, numeric_user_identifier)
-  R_COMPONENT(RPersonalName, PersonalName, personal_name)
-  R_COMPONENT(ROrganizationalUnitNames, OrganizationalUnitNames, organizational_unit_names)
+  R_COMPONENTS(RBuiltInStandardAttributes)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }

@@ -8,8 +8,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RCRLBag_COMPONENTS(X)                                                 \
+  X(ASN1ObjectIdentifier, CrlId, crlId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, CrlValue, crlValue, EXPLICIT(0), R_MANDATORY)
+
 class RCRLBag : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, CrlId, crlId)
-  R_COMPONENT(RAny, CrlValue, crlValue)
+  R_COMPONENTS(RCRLBag)
 };

@@ -1,9 +1,6 @@
 #include "ZENALib/ASN1Pkix/RCertBag.h"
 
-const RField RCertBag::kFields[] = {
-    R_FIELD(RCertBag, certId, ASN1_TAG_OID, R_MANDATORY),
-    R_FIELD_EXPLICIT(RCertBag, certValue, 0, R_MANDATORY),
-};
+R_FIELDS(RCertBag);
 const RSchema RCertBag::kSchema =
     R_SCHEMA(RCertBag, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not two."), kFields);
 

@@ -13,10 +13,13 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RCertBag_COMPONENTS(X)                                                  \
+  X(ASN1ObjectIdentifier, CertId, certId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, CertValue, certValue, EXPLICIT(0), R_MANDATORY)
+
 class RCertBag : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, CertId, certId)
-  R_COMPONENT(RAny, CertValue, certValue)
+  R_COMPONENTS(RCertBag)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }

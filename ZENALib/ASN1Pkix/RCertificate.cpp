@@ -1,12 +1,10 @@
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 
-const RField RCertificate::kFields[] = {
-    R_FIELD(RCertificate, tbsCertificate, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificate, signatureAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificate, signature, ASN1_TAG_BITSTRING, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RCertificate);
 const RSchema RCertificate::kSchema =
-    R_SCHEMA(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kFields);
+    R_SCHEMA(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 
 int RCertificate::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertificate.clear();

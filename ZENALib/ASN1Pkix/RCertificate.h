@@ -5,11 +5,14 @@
 
 #include "ZENALib/ASN1Pkix/RTBSCertificate.h"
 
+#define RCertificate_COMPONENTS(X)                                                                           \
+  X(RTBSCertificate, TbsCertificate, tbsCertificate, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)              \
+  X(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1BitString, Signature, signature, UNIVERSAL(ASN1_TAG_BITSTRING), R_MANDATORY)
+
 class RCertificate : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RTBSCertificate, TbsCertificate, tbsCertificate)
-  R_COMPONENT(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm)
-  R_COMPONENT(ASN1BitString, Signature, signature)
+  R_COMPONENTS(RCertificate)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }

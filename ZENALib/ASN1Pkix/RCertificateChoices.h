@@ -11,11 +11,14 @@
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/ASN1Pkix/RChoice.h"
 
+#define RCertificateChoices_COMPONENTS(X)                                              \
+  X(RCertificate, Certificate, certificate, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RAny, ExtendedCertificate, extendedCertificate, IMPLICIT(0), R_MANDATORY)          \
+  X(RAny, V1AttrCert, v1AttrCert, IMPLICIT(1), R_MANDATORY)                            \
+  X(RAny, V2AttrCert, v2AttrCert, IMPLICIT(2), R_MANDATORY)                            \
+  X(RAny, Other, other, IMPLICIT(3), R_MANDATORY)
+
 class RCertificateChoices : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RCertificate, Certificate, certificate)
-  R_ALTERNATIVE(RAny, ExtendedCertificate, extendedCertificate)
-  R_ALTERNATIVE(RAny, V1AttrCert, v1AttrCert)
-  R_ALTERNATIVE(RAny, V2AttrCert, v2AttrCert)
-  R_ALTERNATIVE(RAny, Other, other)
+  R_ALTERNATIVES(RCertificateChoices)
 };

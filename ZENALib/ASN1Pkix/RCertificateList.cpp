@@ -1,12 +1,10 @@
 #include "ZENALib/ASN1Pkix/RCertificateList.h"
 
-const RField RCertificateList::kFields[] = {
-    R_FIELD(RCertificateList, tbsCertList, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificateList, signatureAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificateList, signature, ASN1_TAG_BITSTRING, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RCertificateList);
 const RSchema RCertificateList::kSchema =
-    R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kFields);
+    R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 
 int RCertificateList::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertList.clear();

@@ -7,11 +7,14 @@
 #include "ZENALib/ASN1/ASN1BitString.h"
 #include "ZENALib/ASN1Pkix/RTBSCertList.h"
 
+#define RCertificateList_COMPONENTS(X)                                                                       \
+  X(RTBSCertList, TbsCertList, tbsCertList, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                       \
+  X(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1BitString, Signature, signature, UNIVERSAL(ASN1_TAG_BITSTRING), R_MANDATORY)
+
 class RCertificateList : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RTBSCertList, TbsCertList, tbsCertList)
-  R_COMPONENT(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm)
-  R_COMPONENT(ASN1BitString, Signature, signature)
+  R_COMPONENTS(RCertificateList)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }

@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RCertificates.h"
 
-const RField RCertificates::kFields[] = {
-    R_FIELD(RCertificates, signCert, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RCertificates, kmCert, ASN1_TAG_SEQUENCE, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RCertificates);
 const RSchema RCertificates::kSchema =
-    R_SCHEMA(RCertificates, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+    R_SCHEMA(RCertificates, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);

@@ -7,8 +7,11 @@
 
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 
+#define RCertificates_COMPONENTS(X)                                              \
+  X(RCertificate, SignCert, signCert, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RCertificate, KmCert, kmCert, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)
+
 class RCertificates : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RCertificate, SignCert, signCert)
-  R_COMPONENT(RCertificate, KmCert, kmCert)
+  R_COMPONENTS(RCertificates)
 };

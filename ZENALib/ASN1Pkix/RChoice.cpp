@@ -1,4 +1,5 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
+
 #include "ZENALib/ASN1Pkix/RMessages.h"
 
 #include "base/ByteReader.h"

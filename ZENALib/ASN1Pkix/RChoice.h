@@ -34,7 +34,7 @@ class RChoice : public RObject {
   int m_nSelected = -1;
 };
 
-// An alternative: the member m_<name> with get<Name>, set<Name> (which
+// An alternative: the private member m_<name> with get<Name>, set<Name> (which
 // selects it) and is<Name> (whether it is the selected one).
 #define R_ALTERNATIVE(Type, Name, name)                 \
  public:                                               \
@@ -45,4 +45,19 @@ class RChoice : public RObject {
     select(m_##name);                                  \
   }                                                    \
   bool is##Name() const { return isSelected(m_##name); } \
-  Type m_##name;
+ private:                                               \
+  Type m_##name;                                        \
+                                                        \
+ public:
+
+#define R_ALTERNATIVE_ROW(Type, Name, name, encoding, flags) R_ALTERNATIVE(Type, Name, name)
+
+// Every alternative of class C from its list C##_COMPONENTS (RSchema.h), and
+// kComponentCount, the number of rows. Declarations after it are public.
+#define R_ALTERNATIVES(C)           \
+ private:                           \
+  using RSelf = C;                  \
+  C##_COMPONENTS(R_ALTERNATIVE_ROW) \
+                                    \
+ public:                            \
+  static constexpr int kComponentCount = 0 C##_COMPONENTS(R_COUNT_ROW);

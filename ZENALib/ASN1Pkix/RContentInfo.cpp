@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 
-const RField RContentInfo::kFields[] = {
-    R_FIELD(RContentInfo, contentType, ASN1_TAG_OID, R_MANDATORY),
-    R_FIELD_EXPLICIT(RContentInfo, content, 0, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RContentInfo);
 const RSchema RContentInfo::kSchema =
-    R_SCHEMA(RContentInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    R_SCHEMA(RContentInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

@@ -10,8 +10,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RContentInfo_COMPONENTS(X)                                                        \
+  X(ASN1ObjectIdentifier, ContentType, contentType, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, Content, content, EXPLICIT(0), R_OPTIONAL)
+
 class RContentInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, ContentType, contentType)
-  R_COMPONENT(RAny, Content, content)
+  R_COMPONENTS(RContentInfo)
 };

@@ -9,10 +9,13 @@
 #include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1Pkix/RChoice.h"
 
+#define RCountryName_COMPONENTS(X)                                                                                  \
+  X(ASN1NumericString, X121DccCode, x121_dcc_code, UNIVERSAL(ASN1_TAG_NUMERICSTRING), R_MANDATORY)                  \
+  X(ASN1PrintableString, Iso3166Alpha2Code, iso_3166_alpha2_code, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY)
+
 class RCountryName : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(ASN1NumericString, X121DccCode, x121_dcc_code)
-  R_ALTERNATIVE(ASN1PrintableString, Iso3166Alpha2Code, iso_3166_alpha2_code)
+  R_ALTERNATIVES(RCountryName)
 
  public:
   RCountryName() { setExplicitTag(1, ASN1_CLASS_APPLICATION); }

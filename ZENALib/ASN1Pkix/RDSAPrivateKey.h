@@ -11,14 +11,17 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RDSAPrivateKey_COMPONENTS(X)                                         \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY) \
+  X(ASN1Integer, P, p, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)             \
+  X(ASN1Integer, Q, q, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)             \
+  X(ASN1Integer, G, g, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)             \
+  X(ASN1Integer, Y, y, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)             \
+  X(ASN1Integer, X, x, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)
+
 class RDSAPrivateKey : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1Integer, P, p)
-  R_COMPONENT(ASN1Integer, Q, q)
-  R_COMPONENT(ASN1Integer, G, g)
-  R_COMPONENT(ASN1Integer, Y, y)
-  R_COMPONENT(ASN1Integer, X, x)
+  R_COMPONENTS(RDSAPrivateKey)
  public:
   // The key material (or password-derivation input) is wiped when released.
   RDSAPrivateKey();

@@ -1,21 +1,16 @@
 #include "ZENALib/ASN1Pkix/RDSAPublicKey.h"
 
-const RField RDSAPublicKey::kParmsFields[] = {
-    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+const RField RDSAPublicKey::kParmsFields[] = {RDSAPublicKey_COMPONENTS(R_FIELD_ROW)};
 const RSchema RDSAPublicKey::kParmsSchema =
-    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(3, "The number of components is not 3."), kParmsFields);
+    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kParmsFields);
 
 const RField RDSAPublicKey::kKeyFields[] = {
     R_FIELD(RDSAPublicKey, y, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, p, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, q, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(RDSAPublicKey, g, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+    RDSAPublicKey_COMPONENTS(R_FIELD_ROW)};
 const RSchema RDSAPublicKey::kKeySchema =
-    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(4, "The number of components is not 4."), kKeyFields);
+    R_SCHEMA(RDSAPublicKey, ASN1_TAG_SEQUENCE, R_EXACTLY(4, r_msg::kNot4), kKeyFields);
 
 int RDSAPublicKey::fromASN1View(const unsigned char* pData, int nData) {
   // The count picks the form; the base then checks it against that form's

@@ -12,11 +12,14 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+// The Dss-Parms components; the key form puts y in front of them.
+#define RDSAPublicKey_COMPONENTS(X)                             \
+  X(ASN1Integer, P, p, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY) \
+  X(ASN1Integer, Q, q, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY) \
+  X(ASN1Integer, G, g, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)
+
 class RDSAPublicKey : public RStructure {
- public:
-  R_COMPONENT(ASN1Integer, P, p)
-  R_COMPONENT(ASN1Integer, Q, q)
-  R_COMPONENT(ASN1Integer, G, g)
+  R_COMPONENTS(RDSAPublicKey)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
@@ -30,12 +33,12 @@ class RDSAPublicKey : public RStructure {
   }
   void clearY() { m_bPublicValue = false; }
   bool hasY() const { return m_bPublicValue; }
-  ASN1Integer m_y;
 
  protected:
   const RSchema& schema() const override { return m_bPublicValue ? kKeySchema : kParmsSchema; }
 
  private:
+  ASN1Integer m_y;
   static const RField kKeyFields[];
   static const RField kParmsFields[];
   static const RSchema kKeySchema;

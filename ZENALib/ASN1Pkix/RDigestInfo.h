@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define RDigestInfo_COMPONENTS(X)                                                                      \
+  X(RAlgorithmIdentifier, DigestAlgorithm, digestAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, Digest, digest, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class RDigestInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, DigestAlgorithm, digestAlgorithm)
-  R_COMPONENT(ASN1OctetString, Digest, digest)
+  R_COMPONENTS(RDigestInfo)
 };

@@ -17,11 +17,14 @@
 // Universal tag of UniversalString.
 constexpr int R_TAG_UNIVERSALSTRING = 28;
 
+#define RDirectoryString_COMPONENTS(X)                                                                       \
+  X(ASN1T61String, TeletexString, teletexString, UNIVERSAL(ASN1_TAG_T61STRING), R_MANDATORY)                 \
+  X(ASN1PrintableString, PrintableString, printableString, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY) \
+  X(RAny, UniversalString, universalString, UNIVERSAL(R_TAG_UNIVERSALSTRING), R_MANDATORY)                   \
+  X(ASN1UTF8String, Utf8String, utf8String, UNIVERSAL(ASN1_TAG_UTF8STRING), R_MANDATORY)                     \
+  X(ASN1BMPString, BmpString, bmpString, UNIVERSAL(ASN1_TAG_BMPSTRING), R_MANDATORY)
+
 class RDirectoryString : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(ASN1T61String, TeletexString, teletexString)
-  R_ALTERNATIVE(ASN1PrintableString, PrintableString, printableString)
-  R_ALTERNATIVE(RAny, UniversalString, universalString)
-  R_ALTERNATIVE(ASN1UTF8String, Utf8String, utf8String)
-  R_ALTERNATIVE(ASN1BMPString, BmpString, bmpString)
+  R_ALTERNATIVES(RDirectoryString)
 };

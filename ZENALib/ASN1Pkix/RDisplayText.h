@@ -15,10 +15,13 @@
 constexpr std::uint32_t R_TAGS_DISPLAYTEXT = (1u << ASN1_TAG_IA5STRING) | (1u << ASN1_TAG_VISIBLESTRING) |
                                              (1u << ASN1_TAG_BMPSTRING) | (1u << ASN1_TAG_UTF8STRING);
 
+#define RDisplayText_COMPONENTS(X)                                                                   \
+  X(ASN1IA5String, Ia5String, ia5String, UNIVERSAL(ASN1_TAG_IA5STRING), R_MANDATORY)                 \
+  X(ASN1VisibleString, VisibleString, visibleString, UNIVERSAL(ASN1_TAG_VISIBLESTRING), R_MANDATORY) \
+  X(ASN1BMPString, BmpString, bmpString, UNIVERSAL(ASN1_TAG_BMPSTRING), R_MANDATORY)                 \
+  X(ASN1UTF8String, Utf8String, utf8String, UNIVERSAL(ASN1_TAG_UTF8STRING), R_MANDATORY)
+
 class RDisplayText : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(ASN1IA5String, Ia5String, ia5String)
-  R_ALTERNATIVE(ASN1VisibleString, VisibleString, visibleString)
-  R_ALTERNATIVE(ASN1BMPString, BmpString, bmpString)
-  R_ALTERNATIVE(ASN1UTF8String, Utf8String, utf8String)
+  R_ALTERNATIVES(RDisplayText)
 };

@@ -11,9 +11,12 @@
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RDistributionPoint_COMPONENTS(X)                                                   \
+  X(RDistributionPointName, DistributionPoint, distributionPoint, EXPLICIT(0), R_OPTIONAL) \
+  X(ASN1BitString, Reasons, reasons, IMPLICIT(1), R_OPTIONAL)                              \
+  X(RGeneralNames, CRLIssuer, cRLIssuer, IMPLICIT(2), R_OPTIONAL)
+
 class RDistributionPoint : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RDistributionPointName, DistributionPoint, distributionPoint)
-  R_COMPONENT(ASN1BitString, Reasons, reasons)
-  R_COMPONENT(RGeneralNames, CRLIssuer, cRLIssuer)
+  R_COMPONENTS(RDistributionPoint)
 };

@@ -8,8 +8,11 @@
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RRelativeDistinguishedName.h"
 
+#define RDistributionPointName_COMPONENTS(X)                                                                \
+  X(RGeneralNames, FullName, fullName, IMPLICIT(0), R_MANDATORY)                                            \
+  X(RRelativeDistinguishedName, NameRelativeToCRLIssuer, nameRelativeToCRLIssuer, IMPLICIT(1), R_MANDATORY)
+
 class RDistributionPointName : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RGeneralNames, FullName, fullName)
-  R_ALTERNATIVE(RRelativeDistinguishedName, NameRelativeToCRLIssuer, nameRelativeToCRLIssuer)
+  R_ALTERNATIVES(RDistributionPointName)
 };

@@ -5,8 +5,11 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RECDSA_Sig_Value_COMPONENTS(X)                           \
+  X(ASN1Integer, R, r, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY) \
+  X(ASN1Integer, S, s, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)
+
 class RECDSA_Sig_Value : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, R, r)
-  R_COMPONENT(ASN1Integer, S, s)
+  R_COMPONENTS(RECDSA_Sig_Value)
 };

@@ -14,13 +14,16 @@
 #include "ZENALib/ASN1Pkix/RCurve.h"
 #include "ZENALib/ASN1Pkix/RFieldID.h"
 
+#define RECParameters_COMPONENTS(X)                                             \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)    \
+  X(RFieldID, FieldID, fieldID, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)      \
+  X(RCurve, Curve, curve, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)            \
+  X(ASN1OctetString, Base, base, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)  \
+  X(ASN1Integer, Order, order, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)        \
+  X(ASN1Integer, Cofactor, cofactor, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)   \
+  X(RAlgorithmIdentifier, Hash, hash, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RECParameters : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RFieldID, FieldID, fieldID)
-  R_COMPONENT(RCurve, Curve, curve)
-  R_COMPONENT(ASN1OctetString, Base, base)
-  R_COMPONENT(ASN1Integer, Order, order)
-  R_COMPONENT(ASN1Integer, Cofactor, cofactor)
-  R_COMPONENT(RAlgorithmIdentifier, Hash, hash)
+  R_COMPONENTS(RECParameters)
 };

@@ -10,12 +10,15 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RecpkParameters.h"
 
+#define RECPrivateKey_COMPONENTS(X)                                                        \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)               \
+  X(ASN1OctetString, PrivateKey, privateKey, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY) \
+  X(RecpkParameters, Parameters, parameters, EXPLICIT(0), R_OPTIONAL)                      \
+  X(ASN1BitString, PublicKey, publicKey, EXPLICIT(1), R_OPTIONAL)
+
 class RECPrivateKey : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1OctetString, PrivateKey, privateKey)
-  R_COMPONENT(RecpkParameters, Parameters, parameters)
-  R_COMPONENT(ASN1BitString, PublicKey, publicKey)
+  R_COMPONENTS(RECPrivateKey)
  public:
   // The key material (or password-derivation input) is wiped when released.
   RECPrivateKey();

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RDirectoryString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define REDIPartyName_COMPONENTS(X)                                        \
+  X(RDirectoryString, NameAssigner, nameAssigner, EXPLICIT(0), R_OPTIONAL) \
+  X(RDirectoryString, PartyName, partyName, EXPLICIT(1), R_MANDATORY)
+
 class REDIPartyName : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RDirectoryString, NameAssigner, nameAssigner)
-  R_COMPONENT(RDirectoryString, PartyName, partyName)
+  R_COMPONENTS(REDIPartyName)
 };

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RIssuerSerial.h"
 
+#define RESSCertID_COMPONENTS(X)                                                         \
+  X(ASN1OctetString, CertHash, certHash, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)   \
+  X(RIssuerSerial, IssuerSerial, issuerSerial, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RESSCertID : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1OctetString, CertHash, certHash)
-  R_COMPONENT(RIssuerSerial, IssuerSerial, issuerSerial)
+  R_COMPONENTS(RESSCertID)
 };

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/ROctetString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define REncapsulatedContentInfo_COMPONENTS(X)                                              \
+  X(ASN1ObjectIdentifier, EContentType, eContentType, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(ROctetString, EContent, eContent, EXPLICIT(0), R_OPTIONAL)
+
 class REncapsulatedContentInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, EContentType, eContentType)
-  R_COMPONENT(ROctetString, EContent, eContent)
+  R_COMPONENTS(REncapsulatedContentInfo)
 };

@@ -9,9 +9,13 @@
 #include "ZENALib/ASN1Pkix/ROctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define REncryptedContentInfo_COMPONENTS(X)                                               \
+  X(ASN1ObjectIdentifier, ContentType, contentType, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAlgorithmIdentifier, ContentEncryptionAlgorithm, contentEncryptionAlgorithm,         \
+    UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                            \
+  X(ROctetString, EncryptedContent, encryptedContent, IMPLICIT(0), R_OPTIONAL)
+
 class REncryptedContentInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, ContentType, contentType)
-  R_COMPONENT(RAlgorithmIdentifier, ContentEncryptionAlgorithm, contentEncryptionAlgorithm)
-  R_COMPONENT(ROctetString, EncryptedContent, encryptedContent)
+  R_COMPONENTS(REncryptedContentInfo)
 };

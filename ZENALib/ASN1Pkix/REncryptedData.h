@@ -8,9 +8,12 @@
 #include "ZENALib/ASN1Pkix/RAttributes.h"
 #include "ZENALib/ASN1Pkix/REncryptedContentInfo.h"
 
+#define REncryptedData_COMPONENTS(X)                                                                              \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                      \
+  X(REncryptedContentInfo, EncryptedContentInfo, encryptedContentInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RAttributes, UnprotectedAttrs, unprotectedAttrs, IMPLICIT(1), R_OPTIONAL)
+
 class REncryptedData : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(REncryptedContentInfo, EncryptedContentInfo, encryptedContentInfo)
-  R_COMPONENT(RAttributes, UnprotectedAttrs, unprotectedAttrs)
+  R_COMPONENTS(REncryptedData)
 };

@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define REncryptedPrivateKeyInfo_COMPONENTS(X)                                                                 \
+  X(RAlgorithmIdentifier, EncryptionAlgorithm, encryptionAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, EncryptedData, encryptedData, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class REncryptedPrivateKeyInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, EncryptionAlgorithm, encryptionAlgorithm)
-  R_COMPONENT(ASN1OctetString, EncryptedData, encryptedData)
+  R_COMPONENTS(REncryptedPrivateKeyInfo)
 };

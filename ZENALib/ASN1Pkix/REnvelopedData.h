@@ -12,11 +12,14 @@
 #include "ZENALib/ASN1Pkix/ROriginatorInfo.h"
 #include "ZENALib/ASN1Pkix/RRecipientInfos.h"
 
+#define REnvelopedData_COMPONENTS(X)                                                                              \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                      \
+  X(ROriginatorInfo, OriginatorInfo, originatorInfo, IMPLICIT(0), R_OPTIONAL)                                     \
+  X(RRecipientInfos, RecipientInfos, recipientInfos, UNIVERSAL(ASN1_TAG_SET), R_MANDATORY)                        \
+  X(REncryptedContentInfo, EncryptedContentInfo, encryptedContentInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RAttributes, UnprotectedAttrs, unprotectedAttrs, IMPLICIT(1), R_OPTIONAL)
+
 class REnvelopedData : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ROriginatorInfo, OriginatorInfo, originatorInfo)
-  R_COMPONENT(RRecipientInfos, RecipientInfos, recipientInfos)
-  R_COMPONENT(REncryptedContentInfo, EncryptedContentInfo, encryptedContentInfo)
-  R_COMPONENT(RAttributes, UnprotectedAttrs, unprotectedAttrs)
+  R_COMPONENTS(REnvelopedData)
 };

@@ -8,8 +8,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RExtensionAttribute_COMPONENTS(X)                                                    \
+  X(ASN1Integer, ExtensionAttributeType, extension_attribute_type, IMPLICIT(0), R_MANDATORY) \
+  X(RAny, ExtensionAttributeValue, extension_attribute_value, EXPLICIT(1), R_MANDATORY)
+
 class RExtensionAttribute : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, ExtensionAttributeType, extension_attribute_type)
-  R_COMPONENT(RAny, ExtensionAttributeValue, extension_attribute_value)
+  R_COMPONENTS(RExtensionAttribute)
 };

@@ -9,8 +9,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RFieldID_COMPONENTS(X)                                                        \
+  X(ASN1ObjectIdentifier, FieldType, fieldType, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, Parameters, parameters, ANY(), R_MANDATORY)
+
 class RFieldID : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, FieldType, fieldType)
-  R_COMPONENT(RAny, Parameters, parameters)
+  R_COMPONENTS(RFieldID)
 };

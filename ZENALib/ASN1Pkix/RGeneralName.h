@@ -20,15 +20,18 @@
 #include "ZENALib/ASN1Pkix/RORAddress.h"
 #include "ZENALib/ASN1Pkix/RRDNSequence.h"
 
+#define RGeneralName_COMPONENTS(X)                                                                 \
+  X(RAnotherName, OtherName, otherName, IMPLICIT(0), R_MANDATORY)                                  \
+  X(ASN1IA5String, Rfc822Name, rfc822Name, IMPLICIT(1), R_MANDATORY)                               \
+  X(ASN1IA5String, DNSName, dNSName, IMPLICIT(2), R_MANDATORY)                                     \
+  X(RORAddress, X400Address, x400Address, IMPLICIT(3), R_MANDATORY)                                \
+  X(RRDNSequence, DirectoryName, directoryName, EXPLICIT(4), R_MANDATORY)                          \
+  X(REDIPartyName, EdiPartyName, ediPartyName, IMPLICIT(5), R_MANDATORY)                           \
+  X(ASN1IA5String, UniformResourceIdentifier, uniformResourceIdentifier, IMPLICIT(6), R_MANDATORY) \
+  X(ASN1OctetString, IPAddress, iPAddress, IMPLICIT(7), R_MANDATORY)                               \
+  X(ASN1ObjectIdentifier, RegisteredID, registeredID, IMPLICIT(8), R_MANDATORY)
+
 class RGeneralName : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RAnotherName, OtherName, otherName)
-  R_ALTERNATIVE(ASN1IA5String, Rfc822Name, rfc822Name)
-  R_ALTERNATIVE(ASN1IA5String, DNSName, dNSName)
-  R_ALTERNATIVE(RORAddress, X400Address, x400Address)
-  R_ALTERNATIVE(RRDNSequence, DirectoryName, directoryName)
-  R_ALTERNATIVE(REDIPartyName, EdiPartyName, ediPartyName)
-  R_ALTERNATIVE(ASN1IA5String, UniformResourceIdentifier, uniformResourceIdentifier)
-  R_ALTERNATIVE(ASN1OctetString, IPAddress, iPAddress)
-  R_ALTERNATIVE(ASN1ObjectIdentifier, RegisteredID, registeredID)
+  R_ALTERNATIVES(RGeneralName)
 };

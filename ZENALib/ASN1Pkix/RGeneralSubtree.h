@@ -10,9 +10,12 @@
 #include "ZENALib/ASN1Pkix/RGeneralName.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RGeneralSubtree_COMPONENTS(X)                       \
+  X(RGeneralName, Base, base, ANY(), R_MANDATORY)           \
+  X(ASN1Integer, Minimum, minimum, IMPLICIT(0), R_OPTIONAL) \
+  X(ASN1Integer, Maximum, maximum, IMPLICIT(1), R_OPTIONAL)
+
 class RGeneralSubtree : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RGeneralName, Base, base)
-  R_COMPONENT(ASN1Integer, Minimum, minimum)
-  R_COMPONENT(ASN1Integer, Maximum, maximum)
+  R_COMPONENTS(RGeneralSubtree)
 };

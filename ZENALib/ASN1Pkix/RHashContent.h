@@ -9,8 +9,11 @@
 #include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RHashContent_COMPONENTS(X)                                                   \
+  X(ASN1PrintableString, Idn, idn, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY) \
+  X(ASN1BitString, RandomNum, randomNum, UNIVERSAL(ASN1_TAG_BITSTRING), R_MANDATORY)
+
 class RHashContent : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1PrintableString, Idn, idn)
-  R_COMPONENT(ASN1BitString, RandomNum, randomNum)
+  R_COMPONENTS(RHashContent)
 };

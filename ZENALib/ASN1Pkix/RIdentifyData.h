@@ -19,10 +19,13 @@ class RIdentifyUserInfo : public RListOf<RAttributeTypeAndValue> {
   RIdentifyUserInfo() : RListOf("RIdentifyUserInfo") {}
 };
 
+#define RIdentifyData_COMPONENTS(X)                                                  \
+  X(ASN1UTF8String, RealName, realName, UNIVERSAL(ASN1_TAG_UTF8STRING), R_MANDATORY) \
+  X(RIdentifyUserInfo, UserInfo, userInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RIdentifyData : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1UTF8String, RealName, realName)
-  R_COMPONENT(RIdentifyUserInfo, UserInfo, userInfo)
+  R_COMPONENTS(RIdentifyData)
 
  public:
   // Decodes the VID of userInfo entry i into *pVid; 0, the VID's own code,

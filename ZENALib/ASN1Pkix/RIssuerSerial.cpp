@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RIssuerSerial.h"
 
-const RField RIssuerSerial::kFields[] = {
-    R_FIELD(RIssuerSerial, issuer, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RIssuerSerial, serialNumber, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RIssuerSerial);
 const RSchema RIssuerSerial::kSchema =
-    R_SCHEMA(RIssuerSerial, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 component is required."), kFields);
+    R_SCHEMA(RIssuerSerial, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, r_msg::kAtLeast2Component), kFields);

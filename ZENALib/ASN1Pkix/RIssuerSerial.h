@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RGeneralNames.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RIssuerSerial_COMPONENTS(X)                                                    \
+  X(RGeneralNames, Issuer, issuer, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)          \
+  X(ASN1Integer, SerialNumber, serialNumber, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)
+
 class RIssuerSerial : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RGeneralNames, Issuer, issuer)
-  R_COMPONENT(ASN1Integer, SerialNumber, serialNumber)
+  R_COMPONENTS(RIssuerSerial)
 };

@@ -12,14 +12,17 @@
 #include "ZENALib/ASN1Pkix/RDistributionPointName.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RIssuingDistributionPoint_COMPONENTS(X)                                                   \
+  X(RDistributionPointName, DistributionPoint, distributionPoint, EXPLICIT(0), R_OPTIONAL)        \
+  X(ASN1Boolean, OnlyContainsUserCerts, onlyContainsUserCerts, IMPLICIT(1), R_OPTIONAL)           \
+  X(ASN1Boolean, OnlyContainsCACerts, onlyContainsCACerts, IMPLICIT(2), R_OPTIONAL)               \
+  X(ASN1BitString, OnlySomeReasons, onlySomeReasons, IMPLICIT(3), R_OPTIONAL)                     \
+  X(ASN1Boolean, IndirectCRL, indirectCRL, IMPLICIT(4), R_OPTIONAL)                               \
+  X(ASN1Boolean, OnlyContainsAttributeCerts, onlyContainsAttributeCerts, IMPLICIT(5), R_OPTIONAL)
+
 class RIssuingDistributionPoint : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RDistributionPointName, DistributionPoint, distributionPoint)
-  R_COMPONENT(ASN1Boolean, OnlyContainsUserCerts, onlyContainsUserCerts)
-  R_COMPONENT(ASN1Boolean, OnlyContainsCACerts, onlyContainsCACerts)
-  R_COMPONENT(ASN1BitString, OnlySomeReasons, onlySomeReasons)
-  R_COMPONENT(ASN1Boolean, IndirectCRL, indirectCRL)
-  R_COMPONENT(ASN1Boolean, OnlyContainsAttributeCerts, onlyContainsAttributeCerts)
+  R_COMPONENTS(RIssuingDistributionPoint)
 
  public:
   // The flags with their DEFAULT FALSE applied.

@@ -11,12 +11,15 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RKCDSAParameters_COMPONENTS(X)                                        \
+  X(ASN1Integer, P, p, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)              \
+  X(ASN1Integer, Q, q, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)              \
+  X(ASN1Integer, G, g, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)              \
+  X(ASN1Integer, J, j, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)               \
+  X(ASN1OctetString, Seed, seed, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_OPTIONAL) \
+  X(ASN1Integer, Count, count, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)
+
 class RKCDSAParameters : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, P, p)
-  R_COMPONENT(ASN1Integer, Q, q)
-  R_COMPONENT(ASN1Integer, G, g)
-  R_COMPONENT(ASN1Integer, J, j)
-  R_COMPONENT(ASN1OctetString, Seed, seed)
-  R_COMPONENT(ASN1Integer, Count, count)
+  R_COMPONENTS(RKCDSAParameters)
 };

@@ -1,9 +1,7 @@
 #include "ZENALib/ASN1Pkix/RKEKIdentifier.h"
 
-const RField RKEKIdentifier::kFields[] = {
-    R_FIELD(RKEKIdentifier, keyIdentifier, ASN1_TAG_OCTETSTRING, R_MANDATORY),
-    R_FIELD(RKEKIdentifier, date, ASN1_TAG_GENERALIZEDTIME, R_OPTIONAL),
-    R_FIELD(RKEKIdentifier, other, ASN1_TAG_SEQUENCE, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RKEKIdentifier);
 const RSchema RKEKIdentifier::kSchema =
-    R_SCHEMA(RKEKIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    R_SCHEMA(RKEKIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RIssuerAndSerialNumber.h"
 #include "ZENALib/ASN1Pkix/RRecipientKeyIdentifier.h"
 
+#define RKeyAgreeRecipientIdentifier_COMPONENTS(X)                                                                   \
+  X(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RRecipientKeyIdentifier, RKeyId, rKeyId, IMPLICIT(0), R_MANDATORY)
+
 class RKeyAgreeRecipientIdentifier : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber)
-  R_ALTERNATIVE(RRecipientKeyIdentifier, RKeyId, rKeyId)
+  R_ALTERNATIVES(RKeyAgreeRecipientIdentifier)
 };

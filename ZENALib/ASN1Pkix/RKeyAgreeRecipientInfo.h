@@ -13,11 +13,15 @@
 #include "ZENALib/ASN1Pkix/ROriginatorIdentifierOrKey.h"
 #include "ZENALib/ASN1Pkix/RRecipientEncryptedKeys.h"
 
+#define RKeyAgreeRecipientInfo_COMPONENTS(X)                                                                         \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                         \
+  X(ROriginatorIdentifierOrKey, Originator, originator, EXPLICIT(0), R_MANDATORY)                                    \
+  X(ROctetString, Ukm, ukm, EXPLICIT(1), R_OPTIONAL)                                                                 \
+  X(RAlgorithmIdentifier, KeyEncryptionAlgorithm, keyEncryptionAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RRecipientEncryptedKeys, RecipientEncryptedKeys, recipientEncryptedKeys,                                         \
+    UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)
+
 class RKeyAgreeRecipientInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ROriginatorIdentifierOrKey, Originator, originator)
-  R_COMPONENT(ROctetString, Ukm, ukm)
-  R_COMPONENT(RAlgorithmIdentifier, KeyEncryptionAlgorithm, keyEncryptionAlgorithm)
-  R_COMPONENT(RRecipientEncryptedKeys, RecipientEncryptedKeys, recipientEncryptedKeys)
+  R_COMPONENTS(RKeyAgreeRecipientInfo)
 };

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RKeySpecificInfo_COMPONENTS(X)                                                \
+  X(ASN1ObjectIdentifier, Algorithm, algorithm, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(ASN1OctetString, Counter, counter, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class RKeySpecificInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, Algorithm, algorithm)
-  R_COMPONENT(ASN1OctetString, Counter, counter)
+  R_COMPONENTS(RKeySpecificInfo)
 };

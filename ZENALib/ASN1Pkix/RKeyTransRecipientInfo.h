@@ -10,10 +10,13 @@
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 #include "ZENALib/ASN1Pkix/RRecipientIdentifier.h"
 
+#define RKeyTransRecipientInfo_COMPONENTS(X)                                                                         \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                         \
+  X(RRecipientIdentifier, Rid, rid, ANY(), R_MANDATORY)                                                              \
+  X(RAlgorithmIdentifier, KeyEncryptionAlgorithm, keyEncryptionAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, EncryptedKey, encryptedKey, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class RKeyTransRecipientInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RRecipientIdentifier, Rid, rid)
-  R_COMPONENT(RAlgorithmIdentifier, KeyEncryptionAlgorithm, keyEncryptionAlgorithm)
-  R_COMPONENT(ASN1OctetString, EncryptedKey, encryptedKey)
+  R_COMPONENTS(RKeyTransRecipientInfo)
 };

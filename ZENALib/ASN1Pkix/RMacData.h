@@ -8,11 +8,14 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RDigestInfo.h"
 
+#define RMacData_COMPONENTS(X)                                                       \
+  X(RDigestInfo, Mac, mac, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                \
+  X(ASN1OctetString, MacSalt, macSalt, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY) \
+  X(ASN1Integer, Iterations, iterations, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)
+
 class RMacData : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RDigestInfo, Mac, mac)
-  R_COMPONENT(ASN1OctetString, MacSalt, macSalt)
-  R_COMPONENT(ASN1Integer, Iterations, iterations)
+  R_COMPONENTS(RMacData)
 
  public:
   // The iteration count, 1 when the DEFAULT is left out.

@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1Pkix/RGeneralSubtrees.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RNameConstraints_COMPONENTS(X)                                               \
+  X(RGeneralSubtrees, PermittedSubtrees, permittedSubtrees, IMPLICIT(0), R_OPTIONAL) \
+  X(RGeneralSubtrees, ExcludedSubtrees, excludedSubtrees, IMPLICIT(1), R_OPTIONAL)
+
 class RNameConstraints : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RGeneralSubtrees, PermittedSubtrees, permittedSubtrees)
-  R_COMPONENT(RGeneralSubtrees, ExcludedSubtrees, excludedSubtrees)
+  R_COMPONENTS(RNameConstraints)
 };

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RNoticeNumbers.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RNoticeReference_COMPONENTS(X)                                                                    \
+  X(RDisplayText, Organization, organization, TAGS(ASN1_TAG_UTF8STRING, R_TAGS_DISPLAYTEXT), R_MANDATORY) \
+  X(RNoticeNumbers, NoticeNumbers, noticeNumbers, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)
+
 class RNoticeReference : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RDisplayText, Organization, organization)
-  R_COMPONENT(RNoticeNumbers, NoticeNumbers, noticeNumbers)
+  R_COMPONENTS(RNoticeReference)
 };

@@ -1,9 +1,7 @@
 #include "ZENALib/ASN1Pkix/RORAddress.h"
 
-const RField RORAddress::kFields[] = {
-    R_FIELD(RORAddress, built_in_standard_attributes, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RORAddress, built_in_domain_defined_attributes, ASN1_TAG_SEQUENCE, R_OPTIONAL),
-    R_FIELD(RORAddress, extension_attributes, ASN1_TAG_SET, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RORAddress);
 const RSchema RORAddress::kSchema =
-    R_SCHEMA(RORAddress, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    R_SCHEMA(RORAddress, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

@@ -8,9 +8,14 @@
 #include "ZENALib/ASN1Pkix/RBuiltInStandardAttributes.h"
 #include "ZENALib/ASN1Pkix/RExtensionAttributes.h"
 
+#define RORAddress_COMPONENTS(X)                                                                          \
+  X(RBuiltInStandardAttributes, BuiltInStandardAttributes, built_in_standard_attributes,                  \
+    UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                                            \
+  X(RBuiltInDomainDefinedAttributes, BuiltInDomainDefinedAttributes, built_in_domain_defined_attributes,  \
+    UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)                                                             \
+  X(RExtensionAttributes, ExtensionAttributes, extension_attributes, UNIVERSAL(ASN1_TAG_SET), R_OPTIONAL)
+
 class RORAddress : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RBuiltInStandardAttributes, BuiltInStandardAttributes, built_in_standard_attributes)
-  R_COMPONENT(RBuiltInDomainDefinedAttributes, BuiltInDomainDefinedAttributes, built_in_domain_defined_attributes)
-  R_COMPONENT(RExtensionAttributes, ExtensionAttributes, extension_attributes)
+  R_COMPONENTS(RORAddress)
 };

@@ -9,9 +9,12 @@
 #include "ZENALib/ASN1Pkix/RIssuerAndSerialNumber.h"
 #include "ZENALib/ASN1Pkix/ROriginatorPublicKey.h"
 
+#define ROriginatorIdentifierOrKey_COMPONENTS(X)                                                                     \
+  X(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, SubjectKeyIdentifier, subjectKeyIdentifier, IMPLICIT(0), R_MANDATORY)                           \
+  X(ROriginatorPublicKey, OriginatorKey, originatorKey, IMPLICIT(1), R_MANDATORY)
+
 class ROriginatorIdentifierOrKey : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber)
-  R_ALTERNATIVE(ASN1OctetString, SubjectKeyIdentifier, subjectKeyIdentifier)
-  R_ALTERNATIVE(ROriginatorPublicKey, OriginatorKey, originatorKey)
+  R_ALTERNATIVES(ROriginatorIdentifierOrKey)
 };

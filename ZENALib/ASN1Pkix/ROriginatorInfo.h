@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RCertificateSet.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define ROriginatorInfo_COMPONENTS(X)                                 \
+  X(RCertificateSet, Certs, certs, IMPLICIT(0), R_OPTIONAL)           \
+  X(RCertificateRevocationLists, Crls, crls, IMPLICIT(1), R_OPTIONAL)
+
 class ROriginatorInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RCertificateSet, Certs, certs)
-  R_COMPONENT(RCertificateRevocationLists, Crls, crls)
+  R_COMPONENTS(ROriginatorInfo)
 };

@@ -7,9 +7,12 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RKeySpecificInfo.h"
 
+#define ROtherInfo_COMPONENTS(X)                                                   \
+  X(RKeySpecificInfo, KeyInfo, keyInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, PartyAInfo, partyAInfo, EXPLICIT(0), R_OPTIONAL)              \
+  X(ASN1OctetString, SuppPubInfo, suppPubInfo, EXPLICIT(2), R_MANDATORY)
+
 class ROtherInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RKeySpecificInfo, KeyInfo, keyInfo)
-  R_COMPONENT(ASN1OctetString, PartyAInfo, partyAInfo)
-  R_COMPONENT(ASN1OctetString, SuppPubInfo, suppPubInfo)
+  R_COMPONENTS(ROtherInfo)
 };

@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/ROtherKeyAttribute.h"
 
-const RField ROtherKeyAttribute::kFields[] = {
-    R_FIELD(ROtherKeyAttribute, keyAttrId, ASN1_TAG_OID, R_MANDATORY),
-    R_FIELD_ANY(ROtherKeyAttribute, keyAttr, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(ROtherKeyAttribute);
 const RSchema ROtherKeyAttribute::kSchema =
-    R_SCHEMA(ROtherKeyAttribute, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    R_SCHEMA(ROtherKeyAttribute, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

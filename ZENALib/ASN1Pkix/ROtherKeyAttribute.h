@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define ROtherKeyAttribute_COMPONENTS(X)                                              \
+  X(ASN1ObjectIdentifier, KeyAttrId, keyAttrId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, KeyAttr, keyAttr, ANY(), R_OPTIONAL)
+
 class ROtherKeyAttribute : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, KeyAttrId, keyAttrId)
-  R_COMPONENT(RAny, KeyAttr, keyAttr)
+  R_COMPONENTS(ROtherKeyAttribute)
 };

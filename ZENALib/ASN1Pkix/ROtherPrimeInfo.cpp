@@ -1,10 +1,6 @@
 #include "ZENALib/ASN1Pkix/ROtherPrimeInfo.h"
 
-const RField ROtherPrimeInfo::kFields[] = {
-    R_FIELD(ROtherPrimeInfo, prime, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(ROtherPrimeInfo, exponent, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD(ROtherPrimeInfo, coefficient, ASN1_TAG_INTEGER, R_MANDATORY),
-};
+R_FIELDS(ROtherPrimeInfo);
 const RSchema ROtherPrimeInfo::kSchema =
     R_SCHEMA(ROtherPrimeInfo, ASN1_TAG_SEQUENCE, R_NO_COUNT_RULE, kFields);
 

@@ -7,10 +7,13 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPBEParameter_COMPONENTS(X)                                                        \
+  X(ASN1OctetString, Salt, salt, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)             \
+  X(ASN1Integer, IterationCount, iterationCount, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)
+
 class RPBEParameter : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1OctetString, Salt, salt)
-  R_COMPONENT(ASN1Integer, IterationCount, iterationCount)
+  R_COMPONENTS(RPBEParameter)
  public:
   // The key material (or password-derivation input) is wiped when released.
   RPBEParameter();

@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RPBES2_params.h"
 
-const RField RPBES2_params::kFields[] = {
-    R_FIELD(RPBES2_params, keyDerivationFunc, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RPBES2_params, encryptionScheme, ASN1_TAG_SEQUENCE, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RPBES2_params);
 const RSchema RPBES2_params::kSchema =
-    R_SCHEMA(RPBES2_params, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+    R_SCHEMA(RPBES2_params, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);

@@ -5,8 +5,11 @@
 
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define RPBES2_params_COMPONENTS(X)                                                                        \
+  X(RAlgorithmIdentifier, KeyDerivationFunc, keyDerivationFunc, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RAlgorithmIdentifier, EncryptionScheme, encryptionScheme, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)
+
 class RPBES2_params : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, KeyDerivationFunc, keyDerivationFunc)
-  R_COMPONENT(RAlgorithmIdentifier, EncryptionScheme, encryptionScheme)
+  R_COMPONENTS(RPBES2_params)
 };

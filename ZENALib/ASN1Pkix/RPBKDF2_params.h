@@ -14,12 +14,15 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define RPBKDF2_params_COMPONENTS(X)                                                                     \
+  X(RAny, Salt, salt, TAGS(ASN1_TAG_OCTETSTRING, kSaltTags), R_MANDATORY)  /* specified | otherSource */ \
+  X(ASN1Integer, IterationCount, iterationCount, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)               \
+  X(ASN1Integer, KeyLength, keyLength, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)                          \
+  X(RAlgorithmIdentifier, Prf, prf, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RPBKDF2_params : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAny, Salt, salt)
-  R_COMPONENT(ASN1Integer, IterationCount, iterationCount)
-  R_COMPONENT(ASN1Integer, KeyLength, keyLength)
-  R_COMPONENT(RAlgorithmIdentifier, Prf, prf)
+  R_COMPONENTS(RPBKDF2_params)
 
  public:
   // Whether the salt is the specified OCTET STRING (not an otherSource).

@@ -8,9 +8,12 @@
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 #include "ZENALib/ASN1Pkix/RMacData.h"
 
+#define RPFX_COMPONENTS(X)                                                       \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)     \
+  X(RContentInfo, AuthSafe, authSafe, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RMacData, MacData, macData, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RPFX : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RContentInfo, AuthSafe, authSafe)
-  R_COMPONENT(RMacData, MacData, macData)
+  R_COMPONENTS(RPFX)
 };

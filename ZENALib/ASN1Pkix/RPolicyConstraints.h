@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPolicyConstraints_COMPONENTS(X)                                                \
+  X(ASN1Integer, RequireExplicitPolicy, requireExplicitPolicy, IMPLICIT(0), R_OPTIONAL) \
+  X(ASN1Integer, InhibitPolicyMapping, inhibitPolicyMapping, IMPLICIT(1), R_OPTIONAL)
+
 class RPolicyConstraints : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, RequireExplicitPolicy, requireExplicitPolicy)
-  R_COMPONENT(ASN1Integer, InhibitPolicyMapping, inhibitPolicyMapping)
+  R_COMPONENTS(RPolicyConstraints)
 };

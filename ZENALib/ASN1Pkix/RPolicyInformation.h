@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RPolicyQualifiers.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPolicyInformation_COMPONENTS(X)                                                             \
+  X(ASN1ObjectIdentifier, PolicyIdentifier, policyIdentifier, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)  \
+  X(RPolicyQualifiers, PolicyQualifiers, policyQualifiers, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RPolicyInformation : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, PolicyIdentifier, policyIdentifier)
-  R_COMPONENT(RPolicyQualifiers, PolicyQualifiers, policyQualifiers)
+  R_COMPONENTS(RPolicyInformation)
 };

@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1/ASN1ObjectIdentifier.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPolicyMapping_COMPONENTS(X)                                                                      \
+  X(ASN1ObjectIdentifier, IssuerDomainPolicy, issuerDomainPolicy, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)   \
+  X(ASN1ObjectIdentifier, SubjectDomainPolicy, subjectDomainPolicy, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)
+
 class RPolicyMapping : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, IssuerDomainPolicy, issuerDomainPolicy)
-  R_COMPONENT(ASN1ObjectIdentifier, SubjectDomainPolicy, subjectDomainPolicy)
+  R_COMPONENTS(RPolicyMapping)
 };

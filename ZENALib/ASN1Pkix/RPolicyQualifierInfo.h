@@ -9,8 +9,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPolicyQualifierInfo_COMPONENTS(X)                                                            \
+  X(ASN1ObjectIdentifier, PolicyQualifierId, policyQualifierId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, Qualifier, qualifier, ANY(), R_MANDATORY)
+
 class RPolicyQualifierInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, PolicyQualifierId, policyQualifierId)
-  R_COMPONENT(RAny, Qualifier, qualifier)
+  R_COMPONENTS(RPolicyQualifierInfo)
 };

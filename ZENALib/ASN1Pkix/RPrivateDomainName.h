@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1/ASN1PrintableString.h"
 #include "ZENALib/ASN1Pkix/RChoice.h"
 
+#define RPrivateDomainName_COMPONENTS(X)                                                         \
+  X(ASN1NumericString, Numeric, numeric, UNIVERSAL(ASN1_TAG_NUMERICSTRING), R_MANDATORY)         \
+  X(ASN1PrintableString, Printable, printable, UNIVERSAL(ASN1_TAG_PRINTABLESTRING), R_MANDATORY)
+
 class RPrivateDomainName : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(ASN1NumericString, Numeric, numeric)
-  R_ALTERNATIVE(ASN1PrintableString, Printable, printable)
+  R_ALTERNATIVES(RPrivateDomainName)
 };

@@ -13,13 +13,16 @@
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 #include "ZENALib/ASN1Pkix/RAttributes.h"
 
+#define RPrivateKeyInfo_COMPONENTS(X)                                                                          \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                   \
+  X(RAlgorithmIdentifier, PrivateKeyAlgorithm, privateKeyAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, PrivateKey, privateKey, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)                     \
+  X(RAttributes, Attributes, attributes, IMPLICIT(0), R_OPTIONAL)                                              \
+  X(ASN1BitString, PublicKey, publicKey, IMPLICIT(1), R_OPTIONAL)
+
 class RPrivateKeyInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RAlgorithmIdentifier, PrivateKeyAlgorithm, privateKeyAlgorithm)
-  R_COMPONENT(ASN1OctetString, PrivateKey, privateKey)
-  R_COMPONENT(RAttributes, Attributes, attributes)
-  R_COMPONENT(ASN1BitString, PublicKey, publicKey)
+  R_COMPONENTS(RPrivateKeyInfo)
  public:
   // The key material (or password-derivation input) is wiped when released.
   RPrivateKeyInfo();

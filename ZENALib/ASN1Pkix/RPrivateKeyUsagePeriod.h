@@ -6,8 +6,11 @@
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RPrivateKeyUsagePeriod_COMPONENTS(X)                            \
+  X(ASN1GeneralizedTime, NotBefore, notBefore, IMPLICIT(0), R_OPTIONAL) \
+  X(ASN1GeneralizedTime, NotAfter, notAfter, IMPLICIT(1), R_OPTIONAL)
+
 class RPrivateKeyUsagePeriod : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1GeneralizedTime, NotBefore, notBefore)
-  R_COMPONENT(ASN1GeneralizedTime, NotAfter, notAfter)
+  R_COMPONENTS(RPrivateKeyUsagePeriod)
 };

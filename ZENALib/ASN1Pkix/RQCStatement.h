@@ -8,8 +8,11 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RQCStatement_COMPONENTS(X)                                                        \
+  X(ASN1ObjectIdentifier, StatementId, statementId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY) \
+  X(RAny, StatementInfo, statementInfo, ANY(), R_OPTIONAL)
+
 class RQCStatement : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, StatementId, statementId)
-  R_COMPONENT(RAny, StatementInfo, statementInfo)
+  R_COMPONENTS(RQCStatement)
 };

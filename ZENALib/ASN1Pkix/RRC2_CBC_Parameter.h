@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RRC2_CBC_Parameter_COMPONENTS(X)                                                            \
+  X(ASN1Integer, Rc2ParameterVersion, rc2ParameterVersion, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL) \
+  X(ASN1OctetString, Iv, iv, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class RRC2_CBC_Parameter : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Rc2ParameterVersion, rc2ParameterVersion)
-  R_COMPONENT(ASN1OctetString, Iv, iv)
+  R_COMPONENTS(RRC2_CBC_Parameter)
 };

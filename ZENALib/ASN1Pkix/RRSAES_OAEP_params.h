@@ -8,9 +8,12 @@
 
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define RRSAES_OAEP_params_COMPONENTS(X)                                               \
+  X(RAlgorithmIdentifier, HashAlgorithm, hashAlgorithm, EXPLICIT(0), R_OPTIONAL)       \
+  X(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm, EXPLICIT(1), R_OPTIONAL) \
+  X(RAlgorithmIdentifier, PSourceAlgorithm, pSourceAlgorithm, EXPLICIT(2), R_OPTIONAL)
+
 class RRSAES_OAEP_params : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, HashAlgorithm, hashAlgorithm)
-  R_COMPONENT(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm)
-  R_COMPONENT(RAlgorithmIdentifier, PSourceAlgorithm, pSourceAlgorithm)
+  R_COMPONENTS(RRSAES_OAEP_params)
 };

@@ -14,18 +14,21 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/ROtherPrimeInfos.h"
 
+#define RRSAPrivateKey_COMPONENTS(X)                                                              \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                      \
+  X(ASN1Integer, Modulus, modulus, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                      \
+  X(ASN1Integer, PublicExponent, publicExponent, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)        \
+  X(ASN1Integer, PrivateExponent, privateExponent, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)      \
+  X(ASN1Integer, Prime1, prime1, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                        \
+  X(ASN1Integer, Prime2, prime2, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                        \
+  X(ASN1Integer, Exponent1, exponent1, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                  \
+  X(ASN1Integer, Exponent2, exponent2, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                  \
+  X(ASN1Integer, Coefficient, coefficient, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)              \
+  X(ROtherPrimeInfos, OtherPrimeInfos, otherPrimeInfos, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RRSAPrivateKey : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1Integer, Modulus, modulus)
-  R_COMPONENT(ASN1Integer, PublicExponent, publicExponent)
-  R_COMPONENT(ASN1Integer, PrivateExponent, privateExponent)
-  R_COMPONENT(ASN1Integer, Prime1, prime1)
-  R_COMPONENT(ASN1Integer, Prime2, prime2)
-  R_COMPONENT(ASN1Integer, Exponent1, exponent1)
-  R_COMPONENT(ASN1Integer, Exponent2, exponent2)
-  R_COMPONENT(ASN1Integer, Coefficient, coefficient)
-  R_COMPONENT(ROtherPrimeInfos, OtherPrimeInfos, otherPrimeInfos)
+  R_COMPONENTS(RRSAPrivateKey)
  public:
   // The key material (or password-derivation input) is wiped when released.
   RRSAPrivateKey();

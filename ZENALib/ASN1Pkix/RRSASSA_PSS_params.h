@@ -10,12 +10,15 @@
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 
+#define RRSASSA_PSS_params_COMPONENTS(X)                                               \
+  X(RAlgorithmIdentifier, HashAlgorithm, hashAlgorithm, EXPLICIT(0), R_OPTIONAL)       \
+  X(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm, EXPLICIT(1), R_OPTIONAL) \
+  X(ASN1Integer, SaltLength, saltLength, EXPLICIT(2), R_OPTIONAL)                      \
+  X(ASN1Integer, TrailerField, trailerField, EXPLICIT(3), R_OPTIONAL)
+
 class RRSASSA_PSS_params : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, HashAlgorithm, hashAlgorithm)
-  R_COMPONENT(RAlgorithmIdentifier, MaskGenAlgorithm, maskGenAlgorithm)
-  R_COMPONENT(ASN1Integer, SaltLength, saltLength)
-  R_COMPONENT(ASN1Integer, TrailerField, trailerField)
+  R_COMPONENTS(RRSASSA_PSS_params)
 
  public:
   // The salt length and trailer field in force (20 and 1 when left out).

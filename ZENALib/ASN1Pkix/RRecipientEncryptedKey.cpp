@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RRecipientEncryptedKey.h"
 
-const RField RRecipientEncryptedKey::kFields[] = {
-    R_FIELD_ANY(RRecipientEncryptedKey, rid, R_MANDATORY),
-    R_FIELD(RRecipientEncryptedKey, encryptedKey, ASN1_TAG_OCTETSTRING, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RRecipientEncryptedKey);
 const RSchema RRecipientEncryptedKey::kSchema = R_SCHEMA(
-    RRecipientEncryptedKey, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+    RRecipientEncryptedKey, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);

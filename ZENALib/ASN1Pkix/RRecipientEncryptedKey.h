@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RKeyAgreeRecipientIdentifier.h"
 #include "ZENALib/ASN1Pkix/RStructure.h"
 
+#define RRecipientEncryptedKey_COMPONENTS(X)                                                   \
+  X(RKeyAgreeRecipientIdentifier, Rid, rid, ANY(), R_MANDATORY)                                \
+  X(ASN1OctetString, EncryptedKey, encryptedKey, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)
+
 class RRecipientEncryptedKey : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RKeyAgreeRecipientIdentifier, Rid, rid)
-  R_COMPONENT(ASN1OctetString, EncryptedKey, encryptedKey)
+  R_COMPONENTS(RRecipientEncryptedKey)
 };

@@ -7,8 +7,11 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
 #include "ZENALib/ASN1Pkix/RIssuerAndSerialNumber.h"
 
+#define RRecipientIdentifier_COMPONENTS(X)                                                                           \
+  X(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, SubjectKeyIdentifier, subjectKeyIdentifier, IMPLICIT(0), R_MANDATORY)
+
 class RRecipientIdentifier : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RIssuerAndSerialNumber, IssuerAndSerialNumber, issuerAndSerialNumber)
-  R_ALTERNATIVE(ASN1OctetString, SubjectKeyIdentifier, subjectKeyIdentifier)
+  R_ALTERNATIVES(RRecipientIdentifier)
 };

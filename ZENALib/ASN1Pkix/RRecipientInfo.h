@@ -13,11 +13,14 @@
 #include "ZENALib/ASN1Pkix/RKeyAgreeRecipientInfo.h"
 #include "ZENALib/ASN1Pkix/RKeyTransRecipientInfo.h"
 
+#define RRecipientInfo_COMPONENTS(X)                                               \
+  X(RKeyTransRecipientInfo, Ktri, ktri, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RKeyAgreeRecipientInfo, Kari, kari, IMPLICIT(1), R_MANDATORY)                  \
+  X(RKEKRecipientInfo, Kekri, kekri, IMPLICIT(2), R_MANDATORY)                     \
+  X(RAny, Pwri, pwri, IMPLICIT(3), R_MANDATORY)                                    \
+  X(RAny, Ori, ori, IMPLICIT(4), R_MANDATORY)
+
 class RRecipientInfo : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RKeyTransRecipientInfo, Ktri, ktri)
-  R_ALTERNATIVE(RKeyAgreeRecipientInfo, Kari, kari)
-  R_ALTERNATIVE(RKEKRecipientInfo, Kekri, kekri)
-  R_ALTERNATIVE(RAny, Pwri, pwri)
-  R_ALTERNATIVE(RAny, Ori, ori)
+  R_ALTERNATIVES(RRecipientInfo)
 };

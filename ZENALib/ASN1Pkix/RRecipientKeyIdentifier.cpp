@@ -1,9 +1,7 @@
 #include "ZENALib/ASN1Pkix/RRecipientKeyIdentifier.h"
 
-const RField RRecipientKeyIdentifier::kFields[] = {
-    R_FIELD(RRecipientKeyIdentifier, subjectKeyIdentifier, ASN1_TAG_OCTETSTRING, R_MANDATORY),
-    R_FIELD(RRecipientKeyIdentifier, date, ASN1_TAG_GENERALIZEDTIME, R_OPTIONAL),
-    R_FIELD(RRecipientKeyIdentifier, other, ASN1_TAG_SEQUENCE, R_OPTIONAL),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RRecipientKeyIdentifier);
 const RSchema RRecipientKeyIdentifier::kSchema = R_SCHEMA(
-    RRecipientKeyIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, "At least 1 component is required."), kFields);
+    RRecipientKeyIdentifier, ASN1_TAG_SEQUENCE, R_AT_LEAST(1, r_msg::kAtLeast1), kFields);

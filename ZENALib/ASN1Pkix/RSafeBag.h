@@ -13,9 +13,12 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 #include "ZENALib/ASN1Pkix/RPKCS12Attributes.h"
 
+#define RSafeBag_COMPONENTS(X)                                                            \
+  X(ASN1ObjectIdentifier, BagId, bagId, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)             \
+  X(RAny, BagValue, bagValue, EXPLICIT(0), R_MANDATORY)                                   \
+  X(RPKCS12Attributes, BagAttributes, bagAttributes, UNIVERSAL(ASN1_TAG_SET), R_OPTIONAL)
+
 class RSafeBag : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1ObjectIdentifier, BagId, bagId)
-  R_COMPONENT(RAny, BagValue, bagValue)
-  R_COMPONENT(RPKCS12Attributes, BagAttributes, bagAttributes)
+  R_COMPONENTS(RSafeBag)
 };

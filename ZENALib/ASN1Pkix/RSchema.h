@@ -1,15 +1,23 @@
 // The declarative schema of the structure classes.
 //
-// Every R class states its ASN.1 type once, as a static table of RField
-// entries (one per component, in schema order) inside an RSchema. One engine
-// reads those tables: RStructure for SEQUENCE and SET types, RChoice for
-// CHOICE types. A class therefore says what its components are, never how to
-// walk them. See README.md in this folder.
+// Every R class states its ASN.1 type once, as a list of its components (one
+// row per component, in schema order) from which it gets both its members and
+// the static table of RField entries inside its RSchema. One engine reads
+// those tables: RStructure for SEQUENCE and SET types, RChoice for CHOICE
+// types. A class therefore says what its components are, never how to walk
+// them. See README.md in this folder.
 //
-//   const RField RValidity::kFields[] = {
-//       R_FIELD_ANY(RValidity, notBefore, 0),
-//       R_FIELD_ANY(RValidity, notAfter, 0),
+//   // RValidity.h, before the class (each line but the last ends in a backslash)
+//   #define RValidity_COMPONENTS(X)
+//     X(RTime, NotBefore, notBefore, TAGS(ASN1_TAG_UTCTIME, R_TAGS_TIME), R_MANDATORY)
+//     X(RTime, NotAfter, notAfter, TAGS(ASN1_TAG_UTCTIME, R_TAGS_TIME), R_MANDATORY)
+//   class RValidity : public RStructure {
+//     R_DECLARE_SCHEMA()
+//     R_COMPONENTS(RValidity)
 //   };
+//
+//   // RValidity.cpp
+//   R_FIELDS(RValidity);
 //   const RSchema RValidity::kSchema = R_SCHEMA(RValidity, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "..."), kFields);
 #pragma once
 
@@ -75,13 +83,37 @@ ASN1Object& RMemberRef(ASN1Object& owner) {
 
 #define R_FIELD_IMPL(C, name, kind, tag, mask, flags) \
   RField { #name, "m_" #name, &RMemberRef<&C::m_##name>, kind, tag, mask, flags }
+
+// The list of a class: one row X(type, accessor name, member name, encoding,
+// flags) per component, in schema order; the encoding is UNIVERSAL(utag),
+// TAGS(utag, mask), ANY(), EXPLICIT(n) or IMPLICIT(n). The header expands it
+// into the members and accessors (R_COMPONENTS or R_ALTERNATIVES), the source
+// into the schema rows (R_FIELDS), so the two cannot disagree. A row may name
+// a constant that only the source defines: the header's expansion drops the
+// encoding.
+#define R_ENCODING_UNIVERSAL(utag) RKind::Universal, utag, (1u << (utag))
+#define R_ENCODING_TAGS(utag, mask) RKind::Universal, utag, mask
+#define R_ENCODING_ANY() RKind::Any, -1, 0u
+#define R_ENCODING_EXPLICIT(n) RKind::Explicit, n, 0u
+#define R_ENCODING_IMPLICIT(n) RKind::Implicit, n, 0u
+
+// Single rows, for a table written beside the list.
 // An untagged component with one universal tag.
-#define R_FIELD(C, name, utag, flags) R_FIELD_IMPL(C, name, RKind::Universal, utag, (1u << (utag)), flags)
+#define R_FIELD(C, name, utag, flags) R_FIELD_ROW_(C, name, R_ENCODING_UNIVERSAL(utag), flags)
 // An untagged component accepting any universal tag in mask (messages name `utag`).
-#define R_FIELD_TAGS(C, name, utag, mask, flags) R_FIELD_IMPL(C, name, RKind::Universal, utag, mask, flags)
-#define R_FIELD_ANY(C, name, flags) R_FIELD_IMPL(C, name, RKind::Any, -1, 0u, flags)
-#define R_FIELD_EXPLICIT(C, name, n, flags) R_FIELD_IMPL(C, name, RKind::Explicit, n, 0u, flags)
-#define R_FIELD_IMPLICIT(C, name, n, flags) R_FIELD_IMPL(C, name, RKind::Implicit, n, 0u, flags)
+#define R_FIELD_TAGS(C, name, utag, mask, flags) R_FIELD_ROW_(C, name, R_ENCODING_TAGS(utag, mask), flags)
+#define R_FIELD_ANY(C, name, flags) R_FIELD_ROW_(C, name, R_ENCODING_ANY(), flags)
+#define R_FIELD_EXPLICIT(C, name, n, flags) R_FIELD_ROW_(C, name, R_ENCODING_EXPLICIT(n), flags)
+#define R_FIELD_IMPLICIT(C, name, n, flags) R_FIELD_ROW_(C, name, R_ENCODING_IMPLICIT(n), flags)
+
+// A list row as a schema row. RSelf is the class, declared by R_COMPONENTS
+// or R_ALTERNATIVES; the table's initializer is in the class's scope.
+#define R_FIELD_ROW(Type, Name, name, encoding, flags) R_FIELD_ROW_(RSelf, name, R_ENCODING_##encoding, flags),
+#define R_FIELD_ROW_(C, name, ...) R_FIELD_IMPL(C, name, __VA_ARGS__)
+// A list row counted.
+#define R_COUNT_ROW(Type, Name, name, encoding, flags) +1
+// The schema rows of class C from its list C_COMPONENTS.
+#define R_FIELDS(C) const RField C::kFields[] = {C##_COMPONENTS(R_FIELD_ROW)}
 
 #define R_NO_COUNT_RULE RCountRule{RCountRule::None, 0, 0, nullptr}
 #define R_AT_LEAST(n, msg) RCountRule{RCountRule::AtLeast, n, 0, msg}

@@ -14,12 +14,15 @@
 #include "ZENALib/ASN1Pkix/REncapsulatedContentInfo.h"
 #include "ZENALib/ASN1Pkix/RSignerInfos.h"
 
+#define RSignedData_COMPONENTS(X)                                                                            \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                 \
+  X(RDigestAlgorithmIdentifiers, DigestAlgorithms, digestAlgorithms, UNIVERSAL(ASN1_TAG_SET), R_MANDATORY)   \
+  X(REncapsulatedContentInfo, EncapContentInfo, encapContentInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(RCertificateSet, Certificates, certificates, IMPLICIT(0), R_OPTIONAL)                                    \
+  X(RCertificateRevocationLists, Crls, crls, IMPLICIT(1), R_OPTIONAL)                                        \
+  X(RSignerInfos, SignerInfos, signerInfos, UNIVERSAL(ASN1_TAG_SET), R_MANDATORY)
+
 class RSignedData : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RDigestAlgorithmIdentifiers, DigestAlgorithms, digestAlgorithms)
-  R_COMPONENT(REncapsulatedContentInfo, EncapContentInfo, encapContentInfo)
-  R_COMPONENT(RCertificateSet, Certificates, certificates)
-  R_COMPONENT(RCertificateRevocationLists, Crls, crls)
-  R_COMPONENT(RSignerInfos, SignerInfos, signerInfos)
+  R_COMPONENTS(RSignedData)
 };

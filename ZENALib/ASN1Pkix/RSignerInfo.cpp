@@ -1,18 +1,12 @@
 #include "ZENALib/ASN1Pkix/RSignerInfo.h"
 
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
 #include "base/ByteReader.h"
 
-const RField RSignerInfo::kFields[] = {
-    R_FIELD(RSignerInfo, version, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD_ANY(RSignerInfo, sid, R_MANDATORY),
-    R_FIELD(RSignerInfo, digestAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD_IMPLICIT(RSignerInfo, signedAttrs, 0, R_OPTIONAL),
-    R_FIELD(RSignerInfo, signatureAlgorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RSignerInfo, signature, ASN1_TAG_OCTETSTRING, R_MANDATORY),
-    R_FIELD_IMPLICIT(RSignerInfo, unsignedAttrs, 1, R_OPTIONAL),
-};
+R_FIELDS(RSignerInfo);
 const RSchema RSignerInfo::kSchema =
-    R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, "At least 5 components are required."), kFields);
+    R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);
 
 int RSignerInfo::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawSignedAttrs.clear();

@@ -15,15 +15,18 @@
 #include "ZENALib/ASN1Pkix/RAttributes.h"
 #include "ZENALib/ASN1Pkix/RSignerIdentifier.h"
 
+#define RSignerInfo_COMPONENTS(X)                                                                            \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                                 \
+  X(RSignerIdentifier, Sid, sid, ANY(), R_MANDATORY)                                                         \
+  X(RAlgorithmIdentifier, DigestAlgorithm, digestAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)       \
+  X(RAttributes, SignedAttrs, signedAttrs, IMPLICIT(0), R_OPTIONAL)                                          \
+  X(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1OctetString, Signature, signature, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_MANDATORY)                     \
+  X(RAttributes, UnsignedAttrs, unsignedAttrs, IMPLICIT(1), R_OPTIONAL)
+
 class RSignerInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RSignerIdentifier, Sid, sid)
-  R_COMPONENT(RAlgorithmIdentifier, DigestAlgorithm, digestAlgorithm)
-  R_COMPONENT(RAttributes, SignedAttrs, signedAttrs)
-  R_COMPONENT(RAlgorithmIdentifier, SignatureAlgorithm, signatureAlgorithm)
-  R_COMPONENT(ASN1OctetString, Signature, signature)
-  R_COMPONENT(RAttributes, UnsignedAttrs, unsignedAttrs)
+  R_COMPONENTS(RSignerInfo)
 
  public:
   int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }

@@ -14,8 +14,11 @@ class RESSCertIDs : public RListOf<RESSCertID> {
   RESSCertIDs() : RListOf("RESSCertIDs") {}
 };
 
+#define RSigningCertificate_COMPONENTS(X)                                               \
+  X(RESSCertIDs, Certs, certs, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)               \
+  X(RCertificatePolicies, Policies, policies, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)
+
 class RSigningCertificate : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RESSCertIDs, Certs, certs)
-  R_COMPONENT(RCertificatePolicies, Policies, policies)
+  R_COMPONENTS(RSigningCertificate)
 };

@@ -1,10 +1,11 @@
 // RStructure: the engine of every SEQUENCE and SET structure class.
 //
-// A class derives from RStructure, holds one member per component
-// (m_<component>, by value), and states its schema in a static RSchema
-// (RSchema.h). toASN1Object and fromASN1Object below walk that table; a
-// class writes code only for cross-field rules (override checkCount or
-// fromASN1Object and call the base).
+// A class derives from RStructure and states its components once, as a list
+// (RSchema.h) that gives it one private member per component (m_<component>,
+// by value) with its accessors, and the rows of its static RSchema.
+// toASN1Object and fromASN1Object below walk that table; a class writes code
+// only for cross-field rules (override checkCount or fromASN1Object and call
+// the base).
 //
 // Optional components carry a presence bit: decoding sets it for each
 // component found, a set... accessor sets it, and encoding skips absent
@@ -47,7 +48,7 @@ class RStructure : public RObject {
   std::uint64_t m_nPresent = 0;
 };
 
-// A component: the member m_<name> with get<Name>/set<Name> (which marks an
+// A component: the private member m_<name> with get<Name>/set<Name> (which marks an
 // optional member present) and has<Name>.
 #define R_COMPONENT(Type, Name, name)                                      \
  public:                                                                   \
@@ -58,4 +59,19 @@ class RStructure : public RObject {
     setPresent(m_##name, true);                                            \
   }                                                                        \
   bool has##Name() const { return isPresent(m_##name); }                   \
-  Type m_##name;
+ private:                                                                  \
+  Type m_##name;                                                           \
+                                                                           \
+ public:
+
+#define R_COMPONENT_ROW(Type, Name, name, encoding, flags) R_COMPONENT(Type, Name, name)
+
+// Every component of class C from its list C##_COMPONENTS (RSchema.h), and
+// kComponentCount, the number of rows. Declarations after it are public.
+#define R_COMPONENTS(C)           \
+ private:                         \
+  using RSelf = C;                \
+  C##_COMPONENTS(R_COMPONENT_ROW) \
+                                  \
+ public:                          \
+  static constexpr int kComponentCount = 0 C##_COMPONENTS(R_COUNT_ROW);

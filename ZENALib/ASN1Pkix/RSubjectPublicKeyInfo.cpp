@@ -1,8 +1,7 @@
 #include "ZENALib/ASN1Pkix/RSubjectPublicKeyInfo.h"
 
-const RField RSubjectPublicKeyInfo::kFields[] = {
-    R_FIELD(RSubjectPublicKeyInfo, algorithm, ASN1_TAG_SEQUENCE, R_MANDATORY),
-    R_FIELD(RSubjectPublicKeyInfo, subjectPublicKey, ASN1_TAG_BITSTRING, R_MANDATORY),
-};
+#include "ZENALib/ASN1Pkix/RMessages.h"
+
+R_FIELDS(RSubjectPublicKeyInfo);
 const RSchema RSubjectPublicKeyInfo::kSchema = R_SCHEMA(
-    RSubjectPublicKeyInfo, ASN1_TAG_SEQUENCE, R_EXACTLY(2, "The number of components is not 2."), kFields);
+    RSubjectPublicKeyInfo, ASN1_TAG_SEQUENCE, R_EXACTLY(2, r_msg::kNot2), kFields);

@@ -15,13 +15,16 @@
 #include "ZENALib/ASN1Pkix/RRevokedCertificates.h"
 #include "ZENALib/ASN1Pkix/RTime.h"
 
+#define RTBSCertList_COMPONENTS(X)                                                                            \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)                                   \
+  X(RAlgorithmIdentifier, Signature, signature, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                    \
+  X(RRDNSequence, Issuer, issuer, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                  \
+  X(RTime, ThisUpdate, thisUpdate, TAGS(ASN1_TAG_UTCTIME, R_TAGS_TIME), R_MANDATORY)                          \
+  X(RTime, NextUpdate, nextUpdate, TAGS(ASN1_TAG_UTCTIME, R_TAGS_TIME), R_OPTIONAL)                           \
+  X(RRevokedCertificates, RevokedCertificates, revokedCertificates, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL) \
+  X(RExtensions, CrlExtensions, crlExtensions, EXPLICIT(0), R_OPTIONAL)
+
 class RTBSCertList : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(RAlgorithmIdentifier, Signature, signature)
-  R_COMPONENT(RRDNSequence, Issuer, issuer)
-  R_COMPONENT(RTime, ThisUpdate, thisUpdate)
-  R_COMPONENT(RTime, NextUpdate, nextUpdate)
-  R_COMPONENT(RRevokedCertificates, RevokedCertificates, revokedCertificates)
-  R_COMPONENT(RExtensions, CrlExtensions, crlExtensions)
+  R_COMPONENTS(RTBSCertList)
 };

@@ -19,16 +19,19 @@
 #include "ZENALib/ASN1Pkix/RSubjectPublicKeyInfo.h"
 #include "ZENALib/ASN1Pkix/RValidity.h"
 
+#define RTBSCertificate_COMPONENTS(X)                                                                             \
+  X(ASN1Integer, Version, version, EXPLICIT(0), R_VERSION)                                                        \
+  X(ASN1Integer, SerialNumber, serialNumber, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                            \
+  X(RAlgorithmIdentifier, Signature, signature, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                        \
+  X(RRDNSequence, Issuer, issuer, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                      \
+  X(RValidity, Validity, validity, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                     \
+  X(RRDNSequence, Subject, subject, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY)                                    \
+  X(RSubjectPublicKeyInfo, SubjectPublicKeyInfo, subjectPublicKeyInfo, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1BitString, IssuerUniqueID, issuerUniqueID, IMPLICIT(1), R_OPTIONAL)                                       \
+  X(ASN1BitString, SubjectUniqueID, subjectUniqueID, IMPLICIT(2), R_OPTIONAL)                                     \
+  X(RExtensions, Extensions, extensions, EXPLICIT(3), R_OPTIONAL)
+
 class RTBSCertificate : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1Integer, SerialNumber, serialNumber)
-  R_COMPONENT(RAlgorithmIdentifier, Signature, signature)
-  R_COMPONENT(RRDNSequence, Issuer, issuer)
-  R_COMPONENT(RValidity, Validity, validity)
-  R_COMPONENT(RRDNSequence, Subject, subject)
-  R_COMPONENT(RSubjectPublicKeyInfo, SubjectPublicKeyInfo, subjectPublicKeyInfo)
-  R_COMPONENT(ASN1BitString, IssuerUniqueID, issuerUniqueID)
-  R_COMPONENT(ASN1BitString, SubjectUniqueID, subjectUniqueID)
-  R_COMPONENT(RExtensions, Extensions, extensions)
+  R_COMPONENTS(RTBSCertificate)
 };

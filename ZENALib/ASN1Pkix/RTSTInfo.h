@@ -21,16 +21,19 @@
 #include "ZENALib/ASN1Pkix/RGeneralName.h"
 #include "ZENALib/ASN1Pkix/RMessageImprint.h"
 
+#define RTSTInfo_COMPONENTS(X)                                                                  \
+  X(ASN1Integer, Version, version, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)                    \
+  X(ASN1ObjectIdentifier, Policy, policy, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)                 \
+  X(RMessageImprint, MessageImprint, messageImprint, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1Integer, SerialNumber, serialNumber, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)          \
+  X(ASN1GeneralizedTime, GenTime, genTime, UNIVERSAL(ASN1_TAG_GENERALIZEDTIME), R_MANDATORY)    \
+  X(RAccuracy, Accuracy, accuracy, UNIVERSAL(ASN1_TAG_SEQUENCE), R_OPTIONAL)                    \
+  X(ASN1Boolean, Ordering, ordering, UNIVERSAL(ASN1_TAG_BOOLEAN), R_OPTIONAL)                   \
+  X(ASN1Integer, Nonce, nonce, UNIVERSAL(ASN1_TAG_INTEGER), R_OPTIONAL)                         \
+  X(RGeneralName, Tsa, tsa, EXPLICIT(0), R_OPTIONAL)                                            \
+  X(RExtensions, Extensions, extensions, IMPLICIT(1), R_OPTIONAL)
+
 class RTSTInfo : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1ObjectIdentifier, Policy, policy)
-  R_COMPONENT(RMessageImprint, MessageImprint, messageImprint)
-  R_COMPONENT(ASN1Integer, SerialNumber, serialNumber)
-  R_COMPONENT(ASN1GeneralizedTime, GenTime, genTime)
-  R_COMPONENT(RAccuracy, Accuracy, accuracy)
-  R_COMPONENT(ASN1Boolean, Ordering, ordering)
-  R_COMPONENT(ASN1Integer, Nonce, nonce)
-  R_COMPONENT(RGeneralName, Tsa, tsa)
-  R_COMPONENT(RExtensions, Extensions, extensions)
+  R_COMPONENTS(RTSTInfo)
 };

@@ -8,8 +8,11 @@
 #include "ZENALib/ASN1Pkix/RAlgorithmIdentifier.h"
 #include "ZENALib/ASN1Pkix/ROctetString.h"
 
+#define RVID_COMPONENTS(X)                                                             \
+  X(RAlgorithmIdentifier, HashAlg, hashAlg, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ROctetString, VirtualID, virtualID, EXPLICIT(0), R_MANDATORY)
+
 class RVID : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(RAlgorithmIdentifier, HashAlg, hashAlg)
-  R_COMPONENT(ROctetString, VirtualID, virtualID)
+  R_COMPONENTS(RVID)
 };

@@ -9,9 +9,12 @@
 #include "ZENALib/ASN1Pkix/RChoice.h"
 #include "ZENALib/ASN1Pkix/RECParameters.h"
 
+#define RecpkParameters_COMPONENTS(X)                                                     \
+  X(RECParameters, EcParameters, ecParameters, UNIVERSAL(ASN1_TAG_SEQUENCE), R_MANDATORY) \
+  X(ASN1ObjectIdentifier, NamedCurve, namedCurve, UNIVERSAL(ASN1_TAG_OID), R_MANDATORY)   \
+  X(ASN1Null, ImplicitlyCA, implicitlyCA, UNIVERSAL(ASN1_TAG_NULLTAG), R_MANDATORY)
+
 class RecpkParameters : public RChoice {
   R_DECLARE_SCHEMA()
-  R_ALTERNATIVE(RECParameters, EcParameters, ecParameters)
-  R_ALTERNATIVE(ASN1ObjectIdentifier, NamedCurve, namedCurve)
-  R_ALTERNATIVE(ASN1Null, ImplicitlyCA, implicitlyCA)
+  R_ALTERNATIVES(RecpkParameters)
 };

@@ -88,6 +88,11 @@ int RsaDecrypt(int nAlgID, const ECSP_PKEY* pKey, const unsigned char* pIn, int 
 // side first. *pbPrivate tells which side was found.
 EVP_PKEY* ParseKey(const unsigned char* p, int n, bool bExpectPrivate, bool* pbPrivate);
 
+// The core's diagnostics (stderr) when its process-wide lock cannot be made
+// or taken.
+constexpr char kMsgCreateMutexFailed[] = "CreateMutex Failed. [%d]\n";
+constexpr char kMsgNoCoreLock[] = "lMutex is not set.\n";
+
 // True when the process-wide lock of the core is held by this object.
 class CoreLock {
  public:

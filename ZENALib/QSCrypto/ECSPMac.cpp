@@ -146,7 +146,7 @@ int ECSP_GenerateRandom(int nAlgID, unsigned char* pOut, int nLen) {
   // The generator draws under the core's process-wide lock.
   CoreLock lock;
   if (!lock.held()) {
-    std::fprintf(stderr, "lMutex is not set.\n");
+    std::fputs(kMsgNoCoreLock, stderr);
     return ECSP_FAIL;
   }
   return RAND_bytes_ex(LibCtx(), pOut, static_cast<std::size_t>(nLen), 0) == 1 ? ECSP_OK : ECSP_FAIL;

@@ -467,7 +467,7 @@ int ECSP_GenerateKeyPair(int nAlgID, const ByteString& bsDomain, ByteString* pPr
   if (!pPrivateKey || !pPublicKey) return ECSP_INVALID_DATA_POINTER;
   CoreLock lock;
   if (!lock.held()) {
-    std::fprintf(stderr, "lMutex is not set.\n");
+    std::fputs(kMsgNoCoreLock, stderr);
     return ECSP_FAIL;
   }
   if (row->family == kKcdsa) return KCDSA_GenerateKeyPair(row->nBits, bsDomain, pPrivateKey, pPublicKey);

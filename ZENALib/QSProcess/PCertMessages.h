@@ -38,6 +38,7 @@ constexpr const char kMsgNoSubjectPublicKeyInfo[] = "The m_pSubjectPublicKeyInfo
 constexpr const char kMsgNoIssuerUniqueID[] = "IssuerUniqueID does not exist.";
 constexpr const char kMsgNoSubjectUniqueID[] = "subjectUniqueID does not exist.";
 constexpr const char kMsgMakeDNFailed[] = "Make DN String failed.";
+constexpr const char kFmtIndexOutOfRange[] = "nIndex(%d) is out of range.";
 constexpr const char kMsgWrongRDNSequence[] = "Wrong RDNSequence form.";
 constexpr const char kFmtUnknownSignatureAlgorithm[] = "%s : Unknown AlgorithmIdentifier";
 constexpr const char kFmtUnknownSubjectAlgorithm[] = "%s : UnKnown Subject Algorithm";

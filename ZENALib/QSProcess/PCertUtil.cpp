@@ -157,7 +157,7 @@ int PCertUtil::notParsed(const char* pszMethod) {
 
 int PCertUtil::checkIndex(const char* pszMethod, int nIndex) {
   if (nIndex >= 0 && nIndex < m_nExtensionCount) return 0;
-  return P_FAILF(pszMethod, "nIndex", PCERT_ERR_INDEX, "nIndex(%d) is out of range.", nIndex);
+  return P_FAILF(pszMethod, "nIndex", PCERT_ERR_INDEX, kFmtIndexOutOfRange, nIndex);
 }
 
 int PCertUtil::getVersion(int* pnVersion) {
@@ -375,7 +375,7 @@ int PCertUtil::getPolicyIdentifier(int nIndex, ByteString* out) {
   if (int rc = P_EXTENSION("getPolicyIdentifier", m_nCertificatePolicies, kMsgNoCertificatePolicies, &policies))
     return rc;
   const RPolicyInformation* p = policies.getAt(nIndex);
-  if (!p) return P_FAILF("getPolicyIdentifier", "nIndex", PCERT_ERR_INDEX, "nIndex(%d) is out of range.", nIndex);
+  if (!p) return P_FAILF("getPolicyIdentifier", "nIndex", PCERT_ERR_INDEX, kFmtIndexOutOfRange, nIndex);
   *out = OidOf(p->getPolicyIdentifier());
   return 0;
 }
@@ -413,7 +413,7 @@ int PCertUtil::getSubjectDirAttribute_Type(int nIndex, ByteString* out) {
     return rc;
   const RAttribute* a = attrs.getAt(nIndex);
   if (!a)
-    return P_FAILF("getSubjectDirAttribute_Type", "nIndex", PCERT_ERR_INDEX, "nIndex(%d) is out of range.", nIndex);
+    return P_FAILF("getSubjectDirAttribute_Type", "nIndex", PCERT_ERR_INDEX, kFmtIndexOutOfRange, nIndex);
   *out = OidOf(a->getType());
   return 0;
 }
@@ -425,7 +425,7 @@ int PCertUtil::getSubjectDirAttribute_Value(int nIndex, ByteString* out) {
     return rc;
   const RAttribute* a = attrs.getAt(nIndex);
   if (!a || a->getValues().getCount() < 1)
-    return P_FAILF("getSubjectDirAttribute_Value", "nIndex", PCERT_ERR_INDEX, "nIndex(%d) is out of range.", nIndex);
+    return P_FAILF("getSubjectDirAttribute_Value", "nIndex", PCERT_ERR_INDEX, kFmtIndexOutOfRange, nIndex);
   *out = a->getValues().getAt(0)->getElement();
   return 0;
 }

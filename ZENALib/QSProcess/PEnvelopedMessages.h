@@ -2,6 +2,8 @@
 // once. The spellings are the library's own and callers compare them.
 #pragma once
 
+#include "ZENALib/QSProcess/PCertMessages.h"
+
 namespace penv {
 
 // Recipient kinds (choiceRecipientType) and recipient name forms
@@ -50,7 +52,7 @@ inline constexpr char kNoRecipient[] = "RecipientInfos is empty.";
 inline constexpr char kNotEnvelopedData[] = "It is not envelopedData.";
 inline constexpr char kNotInRecipientInfos[] = "Your information does not exist in RecipientInfos";
 inline constexpr char kUnknownRecipientInfoType[] = "Unknown RecipientInfo type.";
-inline constexpr char kMakeDNFailed[] = "Make DN String failed.";
+inline constexpr const char* kMakeDNFailed = kMsgMakeDNFailed;  // shared with the name utilities
 inline constexpr char kUnknownRecipientId[] = "Unknown recipient identifier.";
 inline constexpr char kOnlySha1Oaep[] = "Only sha1 with RSA-OAEP is supported.";
 inline constexpr char kKariVersion[] = "keyAgreementRecipientInfo version must be 3.";

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "ZENALib/QSProcess/PCertMessages.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 
 namespace {
@@ -39,7 +40,7 @@ int PExtKeyUsageUtil::parseExtKeyUsage(const ByteString& bsExtValue) {
 
 int PExtKeyUsageUtil::getKeyPurposeID(int i, ByteString* out) {
   auto* item = m_extKeyUsage.getAt(i);
-  if (!item) return P_FAILF("getKeyPurposeID", "nIndex", 1, "nIndex(%d) is out of range.", i);
+  if (!item) return P_FAILF("getKeyPurposeID", "nIndex", 1, kFmtIndexOutOfRange, i);
   *out = item->getOID(' ');
   return 0;
 }

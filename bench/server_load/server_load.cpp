@@ -2,12 +2,18 @@
 // RSA-2048 path (root, intermediate, leaf) whose issuer CRL holds 10,000
 // entries, with 1, 2 and 8 client threads through QVA_Verify, beside the bare
 // RSA-2048 verifications the path needs and a bare loopback
-// connect-send-receive exchange, all in the same run.
+// connect-send-receive exchange, all in the same run. Then registrations per
+// second (each a new certificate, ECDSA P-256 under its own anchor) through
+// QVA_RegisterCert with 8 client threads, into SQLite and into PostgreSQL,
+// with 1 and 2 servers on the one database, and validations per second with
+// 2 servers.
 //
-//   server_load [--server PATH] [--seconds S] [--workers N] [--keep DIR]
+//   server_load [--server PATH] [--seconds S] [--workers N] [--keep DIR] [--pg URI]
 //
 // --keep DIR writes the fixture there and leaves it; otherwise a temporary
-// directory is used and removed.
+// directory is used and removed. --pg URI registers into that PostgreSQL
+// database; otherwise a throwaway cluster is made with initdb (the
+// PostgreSQL rows are left out, with a line saying why, when it cannot be).
 //
 // The fixture is made here with libcrypto, the server is started by fork/exec
 // on port 0 and stopped with SIGTERM to its pid.
@@ -40,6 +46,7 @@
 #include <vector>
 
 #include "qva/qva.h"
+#include "tests/support/PgCluster.h"
 
 namespace {
 
@@ -141,6 +148,8 @@ struct Fixture {
   X509* leafCert = nullptr;
   EVP_PKEY* rootKey = nullptr;
   EVP_PKEY* interKey = nullptr;
+  X509* regCert = nullptr;  // the anchor of the registered certificates
+  EVP_PKEY* regKey = nullptr;
 };
 
 Fixture MakeFixture(const std::string& keep, int crlEntries) {
@@ -174,7 +183,29 @@ Fixture MakeFixture(const std::string& keep, int crlEntries) {
   WriteFile(f.dir + "/revoked.der", f.revokedLeaf);
   X509_CRL_free(rootCrl);
   X509_CRL_free(interCrl);
+  f.regKey = EVP_EC_gen("P-256");
+  if (f.regKey == nullptr) Fail("EC key generation failed");
+  f.regCert = MakeCert("Load Registration CA", 4, f.regKey, nullptr, nullptr, true);
+  X509_CRL* regCrl = MakeCrl(f.regCert, f.regKey, 1);
+  WriteFile(f.dir + "/anchors/registration.der", Der(f.regCert, i2d_X509));
+  WriteFile(f.dir + "/crls/registration.crl", Der(regCrl, i2d_X509_CRL));
+  X509_CRL_free(regCrl);
   return f;
+}
+
+// n distinct leaves under the registration anchor (one key, serials from 10).
+std::vector<std::vector<unsigned char>> RegistrationLeaves(const Fixture& f, int n) {
+  EVP_PKEY* key = EVP_EC_gen("P-256");
+  if (key == nullptr) Fail("EC key generation failed");
+  std::vector<std::vector<unsigned char>> leaves;
+  leaves.reserve(static_cast<std::size_t>(n));
+  for (int i = 0; i < n; ++i) {
+    X509* cert = MakeCert("Load Registered Leaf", 10L + i, key, f.regCert, f.regKey, false);
+    leaves.push_back(Der(cert, i2d_X509));
+    X509_free(cert);
+  }
+  EVP_PKEY_free(key);
+  return leaves;
 }
 
 // qva-server on port 0, its standard output in a file read for the port.
@@ -183,11 +214,14 @@ struct Server {
   int port = 0;
 };
 
-Server StartServer(const std::string& binary, const Fixture& f, int workers) {
-  const std::string log = f.dir + "/server.out";
+Server StartServer(const std::string& binary, const Fixture& f, int workers, const std::vector<std::string>& extra = {},
+                   int index = 0) {
+  const std::string log = f.dir + "/server" + std::to_string(index) + ".out";
   const std::string anchors = f.dir + "/anchors", inters = f.dir + "/intermediates", crls = f.dir + "/crls";
   const std::string workerText = std::to_string(workers);
   Server s;
+  // A log left by an earlier server of this index would give its port.
+  std::remove(log.c_str());
   s.pid = ::fork();
   if (s.pid < 0) Fail("fork failed");
   if (s.pid == 0) {
@@ -195,10 +229,12 @@ Server StartServer(const std::string& binary, const Fixture& f, int workers) {
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
     std::FILE* out = std::freopen(log.c_str(), "w", stdout);
     if (out == nullptr) _exit(127);
-    const char* argv[] = {binary.c_str(), "--listen", "127.0.0.1", "--port", "0", "--anchors", anchors.c_str(),
-                          "--intermediates", inters.c_str(), "--crls", crls.c_str(), "--workers",
-                          workerText.c_str(), "--max-connections", "1024", nullptr};
-    ::execv(binary.c_str(), const_cast<char* const*>(argv));
+    std::vector<const char*> argv = {binary.c_str(), "--listen", "127.0.0.1", "--port", "0", "--anchors",
+                                     anchors.c_str(), "--intermediates", inters.c_str(), "--crls", crls.c_str(),
+                                     "--workers", workerText.c_str(), "--max-connections", "1024"};
+    for (const auto& e : extra) argv.push_back(e.c_str());
+    argv.push_back(nullptr);
+    ::execv(binary.c_str(), const_cast<char* const*>(argv.data()));
     _exit(127);
   }
   for (int i = 0; i < 500 && s.port == 0; ++i) {
@@ -318,7 +354,7 @@ int main(int argc, char** argv) {
   // A closed output pipe must not end the run before the server is stopped.
   ::signal(SIGPIPE, SIG_IGN);
   std::string server = QVA_SERVER_BINARY;
-  std::string keep;
+  std::string keep, pgUri;
   double seconds = 3;
   int workers = 2;
   for (int i = 1; i + 1 < argc; i += 2) {
@@ -327,6 +363,7 @@ int main(int argc, char** argv) {
     else if (opt == "--seconds") seconds = std::atof(argv[i + 1]);
     else if (opt == "--workers") workers = std::atoi(argv[i + 1]);
     else if (opt == "--keep") keep = argv[i + 1];
+    else if (opt == "--pg") pgUri = argv[i + 1];
     else Fail("unknown option " + opt);
   }
   const int kCrlEntries = 10000;
@@ -392,6 +429,62 @@ int main(int argc, char** argv) {
   }
   EVP_PKEY_free(interPub);
   EVP_PKEY_free(rootPub);
+
+  // Registrations: every one a certificate not registered before, so that
+  // each answer waits for a committed new row.
+  const int kClientThreads = 8;
+  const auto leaves = RegistrationLeaves(f, static_cast<int>(4 * seconds * 4000) + 2000);
+  std::atomic<std::size_t> nextLeaf{0};
+  // Durability as shipped (fsync on), like the SQLite rows' synchronous FULL.
+  // Static: a Fail() (std::exit) still stops and removes it.
+  static qvatest::PgCluster cluster;
+  if (pgUri.empty()) {
+    std::string error;
+    if (cluster.Start(&error, true)) pgUri = cluster.Uri();
+    else std::printf("PostgreSQL rows left out: %s\n", error.c_str());
+  }
+  struct Backend {
+    const char* name;
+    std::string db;
+  };
+  std::vector<Backend> backends = {{"SQLite", f.dir + "/registry.db"}};
+  if (!pgUri.empty()) backends.push_back({"PostgreSQL", pgUri});
+  for (const Backend& b : backends) {
+    for (int count : {1, 2}) {
+      std::vector<Server> servers;
+      for (int i = 0; i < count; ++i) servers.push_back(StartServer(server, f, workers, {"--db", b.db}, i + 1));
+      std::vector<void*> clients(kClientThreads);
+      for (std::size_t t = 0; t < clients.size(); ++t)
+        if (QVA_Initialize(&clients[t], "127.0.0.1", servers[t % servers.size()].port, "load") != 0)
+          Fail("QVA_Initialize failed");
+      const Row row = Measure(kClientThreads, seconds, [&](int t) {
+        const std::size_t i = nextLeaf++;
+        if (i >= leaves.size()) return false;  // the pool ran out: counted as failures
+        return QVA_RegisterCert(clients[static_cast<std::size_t>(t)], leaves[i].data(),
+                                static_cast<int>(leaves[i].size())) == 0;
+      });
+      for (auto* c : clients) QVA_Release(c);
+      for (const Server& sv : servers) StopServer(sv);
+      Print(std::string("registration, ") + b.name + ", " + std::to_string(count) + " server" + (count > 1 ? "s" : ""),
+            kClientThreads, row);
+    }
+  }
+
+  // Validations spread over two servers (sharing the last database).
+  {
+    std::vector<Server> servers;
+    for (int i = 0; i < 2; ++i) servers.push_back(StartServer(server, f, workers, {"--db", backends.back().db}, i + 1));
+    std::vector<void*> clients(kClientThreads);
+    for (std::size_t t = 0; t < clients.size(); ++t)
+      if (QVA_Initialize(&clients[t], "127.0.0.1", servers[t % 2].port, "load") != 0) Fail("QVA_Initialize failed");
+    const Row row = Measure(kClientThreads, seconds, [&](int t) {
+      return QVA_Verify(clients[static_cast<std::size_t>(t)], "CERT", f.leaf.data(), static_cast<int>(f.leaf.size())) ==
+             0;
+    });
+    for (auto* c : clients) QVA_Release(c);
+    for (const Server& sv : servers) StopServer(sv);
+    Print("validation (QVA_Verify), 2 servers", kClientThreads, row);
+  }
   if (keep.empty()) std::filesystem::remove_all(f.dir);
   return 0;
 }

@@ -41,6 +41,7 @@ const std::map<std::string, const char*> kCompiled = {
     {"kSrvKeyUsage", qva_msg::kSrvKeyUsage},
     {"kSrvPathConstraints", qva_msg::kSrvPathConstraints},
     {"kSrvUnsupportedAlgorithm", qva_msg::kSrvUnsupportedAlgorithm},
+    {"kSrvUnsupportedCritical", qva_msg::kSrvUnsupportedCritical},
     {"kSrvInternalError", qva_msg::kSrvInternalError},
 };
 

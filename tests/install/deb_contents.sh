@@ -37,12 +37,14 @@ gzip -t "$usr/share/man/man1/qva.1.gz" || fail "manual page is not gzip"
 export LD_LIBRARY_PATH=$lib
 [ "$("$usr/bin/qva" --version)" = "qva $version" ] || fail "packaged qva does not run"
 
-# Every system library loaded by a packaged binary comes from a package the
-# Depends field names.
+# Every system library a packaged binary names as NEEDED comes from a package
+# the Depends field names (what those libraries load in turn is their own
+# packages' Depends).
 depends=$(dpkg-deb -f "$deb" Depends)
 tr ',|' '\n\n' <<<"$depends" | sed 's/(.*//; s/ //g' >"$work/depends"
 for bin in "$usr/bin/qva" "$usr/bin/qva-server" "$lib/$soname"; do
-  ldd "$bin" | awk '$3 ~ /^\// {print $3}'
+  needed=$(objdump -p "$bin" | awk '$1 == "NEEDED" {print $2}' | tr '\n' ' ')
+  ldd "$bin" | awk -v needed=" $needed" '$3 ~ /^\// && index(needed, " " $1 " ") {print $3}'
 done | sort -u | grep -v "^$work/" >"$work/system_libs"
 [ -s "$work/system_libs" ] || fail "ldd found no system library"
 grep -q libcrypto "$work/system_libs" || fail "libcrypto not among the loaded libraries"

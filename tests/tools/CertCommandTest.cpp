@@ -63,6 +63,18 @@ TEST(QvaCert, FormsNamesAndFailures) {
       << out;
   EXPECT_NE(std::string::npos, out.find("Policy: 1.2.410.200012.1.1.3"));
 
+  // A multi-valued RDN in the subject and in a directoryName alternative name
+  // is written with '+' in both places.
+  qvatest::WriteFile(dir.file("mv.cnf"),
+                     std::string("[req]\ndistinguished_name = dn\n[dn]\n[a]\nsubjectAltName = dirName:d\n"
+                                 "[d]\nO = c\nCN = a\n+OU = b\n"));
+  ASSERT_EQ(0, qvatest::Run("openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout " +
+                            dir.file("mv.key") + " -multivalue-rdn -subj /O=c/CN=a+OU=b -config " + dir.file("mv.cnf") +
+                            " -extensions a -out " + dir.file("mv.pem") + " 2>/dev/null"));
+  ASSERT_EQ(0, Qva(dir.file("mv.pem"), &out)) << out;
+  EXPECT_NE(std::string::npos, out.find("        Subject: o=c,cn=a+ou=b\n")) << out;
+  EXPECT_NE(std::string::npos, out.find("X509v3 Subject Alternative Name:\n                o=c,cn=a+ou=b\n")) << out;
+
   ASSERT_EQ(0, qvatest::Run("openssl base64 -in " + sign + " -out " + dir.file("sign.b64")));
   ASSERT_EQ(0, Qva(dir.file("sign.b64"), &out)) << out;
   EXPECT_EQ(1u, Count(out, "Certificate:\n    Data:\n"));
@@ -99,14 +111,14 @@ std::string HexValue(const std::string& s) {
 }
 
 // An openssl name in qva's notation: attribute names lower-cased, emailAddress
-// shown as "e", the members of a multi-valued RDN separated by ',' as well.
+// shown as "e", the members of a multi-valued RDN joined by '+' as there.
 std::string LowerKeys(const std::string& name) {
   std::string out;
   bool inKey = true;
   for (char c : name) {
     if (c == '=') inKey = false;
     if (c == ',' || c == '+') inKey = true;
-    out += inKey ? (c == '+' ? ',' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)))) : c;
+    out += inKey ? static_cast<char>(std::tolower(static_cast<unsigned char>(c))) : c;
   }
   for (std::size_t at = out.find("emailaddress="); at != std::string::npos; at = out.find("emailaddress=", at))
     out.replace(at, 13, "e=");

@@ -205,8 +205,8 @@ class Server : public ::testing::Test {
   // that loses the race uses the winner's.
   static void SetUpTestSuite() {
     pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    // A PKI of an older script (without the name-constraint leaves) is made again.
-    if (::access((pki_ + "/leaves/nc-name.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
+    // A PKI of an older script (without the policy flood) is made again.
+    if (::access((pki_ + "/leaves/policy-flood.der").c_str(), R_OK) != 0) qvatest::Run("rm -rf " + pki_);
     if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
       const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
       if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
@@ -240,6 +240,10 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
   ServerProcess server(Args(pki_ + "/crls"));
   ASSERT_NE(server.port(), 0);
   const std::string pem = qvatest::ReadFile(pki_ + "/ca/valid.pem");
+  const std::string nc = Text(qva_msg::kSrvPathConstraints, "CA flag, path length or name constraints violated");
+  const std::string crit =
+      Text(qva_msg::kSrvUnsupportedCritical, "a critical extension or constraint on the path is not supported");
+  const std::string policy = Text(qva_msg::kSrvPolicyNotAccepted, "certificate policy not accepted");
   const struct {
     const char* name;
     const char* kind;
@@ -269,6 +273,8 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
        Text(qva_msg::kSrvRevoked, "a certificate on the path is revoked"), "cn=revoked, reason 1, since "},
       {"no CRL", "CERT", Leaf("unknown.der"), 5009,
        Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int2"},
+      {"CRL of a CA without cRLSign", "CERT", Leaf("crlsign.der"), 5009,
+       Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int-nocrl"},
       {"policy", "CERT", Leaf("policy.der"), 5010,
        Text(qva_msg::kSrvPolicyNotAccepted, "certificate policy not accepted"), nullptr},
       {"key usage", "CERT", Leaf("keyusage.der"), 5011,
@@ -284,6 +290,59 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
        "cn=nc-name is outside"},
       {"algorithm", "CERT", Leaf("algorithm.der"), 5013,
        Text(qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm"), nullptr},
+      {"MD5 signature", "CERT", Leaf("md5.der"), 5013, Text(qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm"),
+       "cn=md5 is signed with 1.2.840.113549.1.1.4"},
+      {"self-issued CA not counted", "CERT", Leaf("selfissued.der"), 0, "", nullptr},
+      {"CRL signed with the CA's key before rollover", "CERT", Leaf("rollover.der"), 0, "", nullptr},
+      {"CRL signed by a separate certificate of the CA", "CERT", Leaf("sepkeys.der"), 0, "", nullptr},
+      {"revoked on a separately signed CRL", "CERT", Leaf("sepkeys-revoked.der"), 5008,
+       Text(qva_msg::kSrvRevoked, "a certificate on the path is revoked"), "cn=sepkeys-revoked, reason 4"},
+      {"separate CRL signer expired", "CERT", Leaf("sepkeys-expired.der"), 5009,
+       Text(qva_msg::kSrvRevocationUnknown, "revocation status unknown"), "no CRL of cn=int-sep2"},
+      {"issuer name in other case and spacing", "CERT", Leaf("casefold.der"), 0, "", nullptr},
+      {"mail below the domain", "CERT", Leaf("nc-mail-domain.der"), 0, "", nullptr},
+      {"mail at the domain itself", "CERT", Leaf("nc-mail-domainself.der"), 5012, nc, "cn=nc-mail-domainself is outside"},
+      {"mail at the host", "CERT", Leaf("nc-mail-host.der"), 0, "", nullptr},
+      {"mail below the host", "CERT", Leaf("nc-mail-hostsub.der"), 5012, nc, "cn=nc-mail-hostsub is outside"},
+      {"mailbox", "CERT", Leaf("nc-mail-box.der"), 0, "", nullptr},
+      {"other mailbox", "CERT", Leaf("nc-mail-otherbox.der"), 5012, nc, "cn=nc-mail-otherbox is outside"},
+      {"excluded mail beats permitted", "CERT", Leaf("nc-mail-excluded.der"), 5012, nc, "cn=nc-mail-excluded is outside"},
+      {"subject emailAddress outside", "CERT", Leaf("nc-dn-mail.der"), 5012, nc, "cn=nc-dn-mail"},
+      {"subject emailAddress within", "CERT", Leaf("nc-dn-mail-ok.der"), 0, "", nullptr},
+      {"URI host below the domain", "CERT", Leaf("nc-uri-domain.der"), 0, "", nullptr},
+      {"URI host exact", "CERT", Leaf("nc-uri-exact.der"), 0, "", nullptr},
+      {"URI host outside", "CERT", Leaf("nc-uri-outside.der"), 5012, nc, "cn=nc-uri-outside is outside"},
+      {"URI without a host", "CERT", Leaf("nc-uri-nohost.der"), 5012, nc, "cn=nc-uri-nohost is outside"},
+      {"IPv4 within", "CERT", Leaf("nc-ip4.der"), 0, "", nullptr},
+      {"IPv4 excluded", "CERT", Leaf("nc-ip4-excluded.der"), 5012, nc, "cn=nc-ip4-excluded is outside"},
+      {"IPv4 outside", "CERT", Leaf("nc-ip4-outside.der"), 5012, nc, "cn=nc-ip4-outside is outside"},
+      {"IPv6 within", "CERT", Leaf("nc-ip6.der"), 0, "", nullptr},
+      {"IPv6 outside", "CERT", Leaf("nc-ip6-outside.der"), 5012, nc, "cn=nc-ip6-outside is outside"},
+      {"registeredID constraint met by such a name", "CERT", Leaf("nc-rid.der"), 5014, crit,
+       "cn=int-nc3 constrains names in a form not evaluated"},
+      {"registeredID constraint, no such name", "CERT", Leaf("nc-rid-absent.der"), 0, "", nullptr},
+      {"unknown critical extension in a CA", "CERT", Leaf("crit-int.der"), 5014, crit,
+       "cn=int-crit marks 1.3.6.1.4.1.99999.1 critical"},
+      {"unknown critical extension in the leaf", "CERT", Leaf("crit-leaf.der"), 5014, crit, "cn=crit-leaf"},
+      {"unknown extension not critical", "CERT", Leaf("noncrit.der"), 0, "", nullptr},
+      {"extension given twice", "CERT", Leaf("dupext.der"), 5003,
+       Text(qva_msg::kSrvUnparsableCert, "the certificate cannot be parsed"), "cn=dupext repeats an extension"},
+      {"explicit policy met", "CERT", Leaf("explicit-ok.der"), 0, "", nullptr},
+      {"explicit policy, leaf without policies", "CERT", Leaf("explicit-none.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=explicit-none"},
+      {"explicit policy, leaf policy not the CA's", "CERT", Leaf("explicit-other.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=explicit-other"},
+      {"anyPolicy inhibited, named policy kept", "CERT", Leaf("policy-any.der"), 0, "", nullptr},
+      {"anyPolicy inhibited, nothing left", "CERT", Leaf("policy-anyonly.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=policy-anyonly"},
+      {"5001 policies to follow", "CERT", Leaf("policy-flood.der"), 5010, policy,
+       "too many policies to follow at cn=policy-flood"},
+      {"policy reached through a mapping", "CERT", Leaf("mapped.der"), 0, "", nullptr},
+      {"policy mapped away", "CERT", Leaf("mapped-from.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=mapped-from"},
+      {"mapping inhibited above", "CERT", Leaf("map-inhibited.der"), 5010, policy,
+       "an explicit policy is required and none is valid for cn=map-inhibited"},
+      {"mapping of anyPolicy", "CERT", Leaf("map-any.der"), 5010, policy, "cn=int-mapany maps anyPolicy"},
   };
   for (const auto& c : cases) {
     const Answer a = Verify(server.port(), c.kind, c.data);
@@ -301,19 +360,71 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
   EXPECT_NE(log.find("stopped"), std::string::npos) << log;
 }
 
-// openssl agrees with the server on which leaves verify (path, signatures, validity, CRLs).
+// openssl agrees with the server on which leaves verify (path, signatures, validity,
+// CRLs, name constraints, critical extensions, policies).
 TEST_F(Server, OpensslAgreesOnTheLeaves) {
   const std::string chain = pki_ + "/chain.pem", crls = pki_ + "/crls.pem";
-  ASSERT_EQ(qvatest::Run("cat " + pki_ + "/intermediates/*.pem > " + chain), 0);
+  // openssl keeps the first issuer it picks and does not search on past its
+  // keyUsage: the copy of int without keyCertSign is left out for it.
+  ASSERT_EQ(qvatest::Run("ls " + pki_ + "/intermediates/*.pem | grep -v int-b-noku | xargs cat > " + chain), 0);
   ASSERT_EQ(qvatest::Run("for f in " + pki_ + "/crls/*.crl; do cat $f; done > " + crls), 0);
-  for (const char* leaf : {"valid", "revoked", "expired", "notyet", "pathlen", "keyusage", "untrusted", "badsig", "nc-ok",
-                           "nc-dns", "nc-name"}) {
-    const std::string file = pki_ + "/leaves/" + leaf + ".der";
+  const struct {
+    const char* leaf;
+    bool valid;
+  } cases[] = {
+      {"valid", true},          {"revoked", false},         {"expired", false},
+      {"notyet", false},        {"pathlen", false},         {"keyusage", false},
+      {"untrusted", false},     {"badsig", false},          {"nc-ok", true},
+      {"nc-dns", false},        {"nc-name", false},         {"selfissued", true},
+      {"md5", false},           {"crit-int", false},        {"crit-leaf", false},
+      {"noncrit", true},        {"nc-mail-domain", true},   {"nc-mail-domainself", false},
+      {"nc-mail-host", true},   {"nc-mail-hostsub", false}, {"nc-mail-box", true},
+      {"nc-mail-otherbox", false}, {"nc-mail-excluded", false}, {"nc-dn-mail", false},
+      {"nc-dn-mail-ok", true},  {"nc-uri-domain", true},    {"nc-uri-exact", true},
+      {"nc-uri-outside", false}, {"nc-ip4", true},          {"nc-ip4-excluded", false},
+      {"nc-ip4-outside", false}, {"nc-ip6", true},          {"nc-ip6-outside", false},
+      {"explicit-ok", true},    {"explicit-none", false},   {"explicit-other", false},
+      {"policy-any", true},     {"policy-anyonly", false},  {"casefold", true},
+      {"mapped", true},         {"mapped-from", false},     {"map-inhibited", false},
+      {"map-any", false},       {"dupext", false},          {"crlsign", false},
+  };
+  for (const auto& c : cases) {
+    const std::string file = pki_ + "/leaves/" + c.leaf + ".der";
+    // openssl takes the first CRL by issuer name, and int-pl0 has two
+    // issuers of that name: the self-issued leaf is asked without CRLs.
+    const std::string revocation =
+        std::string(c.leaf) == "selfissued" ? "" : " -CRLfile " + crls + " -crl_check_all";
     const int rc = qvatest::Run("openssl x509 -inform DER -in " + file + " -out " + file + ".pem 2>/dev/null && openssl verify"
-                       " -CAfile " + pki_ + "/anchors/root.pem -untrusted " + chain + " -CRLfile " + crls +
-                       " -crl_check_all " + file + ".pem >/dev/null 2>&1");
-    EXPECT_EQ(rc == 0, std::string(leaf) == "valid" || std::string(leaf) == "nc-ok") << leaf;
+                       " -auth_level 1 -policy_check -policy 2.5.29.32.0 -CAfile " + pki_ + "/anchors/root.pem -untrusted " +
+                       chain + revocation + " " + file + ".pem >/dev/null 2>&1");
+    EXPECT_EQ(rc == 0, c.valid) << c.leaf;
   }
+}
+
+// Real Korean certificates under KISA RootCA 4 at a time they were all
+// valid: critical certificatePolicies, policyConstraints and extended key
+// usage, the CA's pathLenConstraint 0; the test roots are no anchors here.
+TEST(ServerKorean, RealPathsAtTheirTime) {
+  qvatest::TempDir dir;
+  const std::string korean = qvatest::DataPath("pkix/x509/korean/");
+  ASSERT_EQ(qvatest::Run("mkdir " + dir.file("anchors") + " " + dir.file("cas") + " && cp " + korean +
+                         "certs/KISA_RootCA4.der " + dir.file("anchors") + " && cp " + korean +
+                         "capubs/split_CaPubs_All/*.der " + dir.file("cas")),
+            0);
+  ServerProcess server({"--anchors", dir.file("anchors"), "--intermediates", dir.file("cas"), "--time",
+                        "20200101000000Z", "--workers", "1"});
+  ASSERT_NE(server.port(), 0);
+  const struct {
+    const char* file;
+    int code;
+  } cases[] = {
+      {"certs/test_KTNET_signCert.der", 0},
+      {"certs/test_KTNET_kmCert.der", 0},
+      {"certs/TradeSignTSA2.der", 0},
+      {"capubs/split_CaPubs_All/15.der", 0},  // TradeSignCA3
+      {"capubs/split_CaPubs_All/23.der", 5004},  // below Kisa Test RootCA 7
+  };
+  for (const auto& c : cases) EXPECT_EQ(Verify(server.port(), "CERT", qvatest::ReadFile(korean + c.file)).code, c.code) << c.file;
 }
 
 TEST_F(Server, SignedDataVerifiedThenItsSigner) {

@@ -19,6 +19,7 @@
 #include "base/ByteString.h"
 #include "base/Limits.h"
 #include "base/QSBase.h"
+#include "tools/qva/messages.h"
 
 namespace {
 
@@ -245,7 +246,7 @@ int RunAsn1Command(int argc, char** argv) {
   }
   std::ifstream in(argv[2], std::ios::binary);
   if (!in) {
-    std::fprintf(stderr, "qva: cannot read %s\n", argv[2]);
+    std::fprintf(stderr, qva_msg::kCannotRead, argv[2]);
     return 2;
   }
   std::ostringstream ss;

@@ -25,6 +25,7 @@
 #include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
+#include "tools/qva/messages.h"
 #include "tools/qva/platform/display.h"
 
 namespace {
@@ -76,12 +77,47 @@ void PrintLines(const ByteString& text, const char* indent) {
   }
 }
 
+// A name on one line as RDN2Str writes it, except that the members of a
+// multi-valued RDN are joined with "+" so the RDN boundaries stay visible.
+int OneLine(const RRDNSequence& name, ByteString* out) {
+  ByteString text("");
+  bool firstRdn = true;
+  for (const RRelativeDistinguishedName& set : name.items()) {
+    bool firstAtv = true;
+    for (const RAttributeTypeAndValue& atv : set.items()) {
+      const ByteString oid = const_cast<ASN1ObjectIdentifier&>(atv.getType()).getOID(' ');
+      if (oid.length() == 0) return UDNSettings::UDN_ERR_FORMAT;
+      if (!firstAtv) text += '+';
+      else if (!firstRdn) text += ',';
+      firstAtv = firstRdn = false;
+      const char* key = UDNSettings::KeyOf(oid.c_str());
+      text += key ? ByteString(key) : UDNSettings::Dotted(oid);
+      text += '=';
+      if (int rc = UDNSettings::Value2Str(atv.getValue().getElement(), &text)) return rc;
+    }
+  }
+  *out = text;
+  return 0;
+}
+
+// Each name on its own line(s); directory names in the same one-line form
+// as Issuer and Subject.
 void PrintNames(const RGeneralNames& names, const char* indent) {
   PGeneralNameUtil util;
   ByteString text;
-  if (util.parseGeneralNames(names, "", &text) != 0) {
-    std::printf("%s<%s>\n", indent, util.getErrorMessage().c_str());
-    return;
+  for (const RGeneralName& name : names.items()) {
+    if (name.isDirectoryName()) {
+      ByteString dn;
+      if (OneLine(name.getDirectoryName(), &dn) != 0) {
+        std::printf("%s<a directory name cannot be written as text>\n", indent);
+        return;
+      }
+      text += dn;
+      text += "\r\n";
+    } else if (util.parseGeneralName(name, &text) != 0) {
+      std::printf("%s<%s>\n", indent, util.getErrorMessage().c_str());
+      return;
+    }
   }
   PrintLines(text, indent);
 }
@@ -293,8 +329,11 @@ int PrintCertificate(const ByteString& der, int n) {
   cert.getSerialNumber(&serial);
   cert.getSignatureAlgorithm(&alg);
   cert.getCertSignatureAlgorithmValue(alg, &text);  // unknown algorithms come back named by identifier
-  if (cert.getIssuerDN(&issuer) || cert.getSubjectDN(&subject)) {
-    std::fprintf(stderr, "qva: certificate %d: %s\n", n, cert.getErrorMessage().c_str());
+  RRDNSequence issuerName, subjectName;
+  if (cert.getIssuer(&issuerName) || cert.getSubject(&subjectName) || OneLine(issuerName, &issuer) ||
+      OneLine(subjectName, &subject)) {
+    std::fprintf(stderr, "qva: certificate %d: %s\n", n,
+                 cert.getErrorMessage().isEmpty() ? "a name cannot be written as text" : cert.getErrorMessage().c_str());
     return 2;
   }
   cert.getValidity(&validity);
@@ -383,11 +422,11 @@ bool Load(const char* path, std::vector<ByteString>* certs) {
   ByteString file;
   std::string why;
   if (!ReadFile(path, &file)) {
-    std::fprintf(stderr, "qva: cannot read %s\n", path);
+    std::fprintf(stderr, qva_msg::kCannotRead, path);
     return false;
   }
   if (!Certificates(file, certs, &why)) {
-    std::fprintf(stderr, "qva: %s: %s\n", path, why.c_str());
+    std::fprintf(stderr, qva_msg::kFailedOn, path, why.c_str());
     return false;
   }
   return true;
@@ -445,7 +484,7 @@ int RunCertCommand(int argc, char** argv) {
       std::printf("certificate %zu: signature OK\n", i + 1);
     } else {
       std::printf("certificate %zu: signature failure\n", i + 1);
-      std::fprintf(stderr, "qva: %s\n", error.c_str());
+      std::fprintf(stderr, qva_msg::kFailed, error.c_str());
     }
     if (rc == 2) return 2;
     if (rc) status = 1;

@@ -18,6 +18,7 @@
 #include "base/ErrorCodes.h"
 #include "qva/qva.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/messages.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ int RunClientCommand(int argc, char** argv) {
   }
   std::ifstream in(argv[argc - 1], std::ios::binary);
   if (!in) {
-    std::fprintf(stderr, "qva: cannot read %s\n", argv[argc - 1]);
+    std::fprintf(stderr, qva_msg::kCannotRead, argv[argc - 1]);
     return 2;
   }
   const std::vector<unsigned char> data((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());

@@ -27,13 +27,14 @@
 #include "base/QSBase.h"
 #include "tools/qva/cms_enveloped.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/messages.h"
 
 // Reads DER, or PEM/Base64 text (lines of "-----" dropped), whole; shared
 // with ts.cpp.
 bool ReadDerOrText(const char* path, ByteString* out) {
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    std::fprintf(stderr, "qva: cannot read %s\n", path);
+    std::fprintf(stderr, qva_msg::kCannotRead, path);
     return false;
   }
   std::ostringstream ss;
@@ -71,7 +72,7 @@ std::string Hex(const ByteString& bs) {
 
 std::string Name(const RRDNSequence& name) {
   ByteString text;
-  if (UDNSettings::RDN2Str(name, &text)) return "<unprintable name>";
+  if (UDNSettings::RDN2Str(name, &text)) return qva_msg::kUnprintableName;
   return ForDisplay(text.c_str(), text.length());
 }
 
@@ -89,7 +90,7 @@ int PrintSignedData(const ByteString& der, const ByteString* detached, const std
   RContentInfo ci;
   RSignedData sd;
   if (ci.fromASN1Object(der) || sd.fromASN1Object(ci.getContent().getElement())) {
-    std::fprintf(stderr, "qva: %s\n", p.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, p.getErrorMessage().c_str());
     return 2;
   }
   std::printf("SignedData:\n  Version: %d\n  Digest algorithms:", sd.getVersion().getInteger());
@@ -138,7 +139,7 @@ int PrintSignedData(const ByteString& der, const ByteString* detached, const std
   }
   if (rc) {
     std::printf("Verification: failure\n");
-    std::fprintf(stderr, "qva: %s\n", p.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, p.getErrorMessage().c_str());
     return 1;
   }
   std::printf("Verification: OK\n");
@@ -182,7 +183,7 @@ int RunCmsCommand(int argc, char** argv) {
     std::ostringstream ss;
     ss << in.rdbuf();
     if (!in) {
-      std::fprintf(stderr, "qva: cannot read %s\n", contentPath);
+      std::fprintf(stderr, qva_msg::kCannotRead, contentPath);
       return 2;
     }
     content.setData(ss.str().data(), static_cast<int>(ss.str().size()));
@@ -194,7 +195,7 @@ int RunCmsCommand(int argc, char** argv) {
   }
   RContentInfo ci;
   if (ci.fromASN1Object(der)) {
-    std::fprintf(stderr, "qva: %s\n", ci.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, ci.getErrorMessage().c_str());
     return 2;
   }
   const std::string type = Dotted(ci.getContentType().getOID());

@@ -9,6 +9,7 @@
 #include "ZENALib/QSProcess/PEnvelopedDataProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/messages.h"
 
 // cms.cpp: DER, or PEM/Base64 text.
 bool ReadDerOrText(const char* path, ByteString* out);
@@ -66,7 +67,7 @@ std::string Dotted(ByteString oid) {
 
 std::string Name(const RRDNSequence& name) {
   ByteString text;
-  if (UDNSettings::RDN2Str(name, &text)) return "<unprintable name>";
+  if (UDNSettings::RDN2Str(name, &text)) return qva_msg::kUnprintableName;
   return ForDisplay(text.c_str(), text.length());
 }
 
@@ -130,7 +131,7 @@ void PrintRecipient(int i, RRecipientInfo& ri) {
 int PrintEnvelopedData(const ByteString& der, const char* certPath, const char* keyPath) {
   PEnvelopedDataProcess proc;
   if (int rc = proc.decodeEnvelopedData(der)) {
-    std::fprintf(stderr, "qva: %s\n", proc.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, proc.getErrorMessage().c_str());
     return rc ? 1 : 0;
   }
   REnvelopedData env = proc.getEnvelopedData();
@@ -151,7 +152,7 @@ int PrintEnvelopedData(const ByteString& der, const char* certPath, const char* 
   const int rc = proc.setRecipientIdentifier(cert) ? proc.getErrorCode() : proc.parseEnvelopedData(der, pkcs8);
   pkcs8.zeroize();
   if (rc || proc.getContent(content) != 0) {
-    std::fprintf(stderr, "qva: %s\n", proc.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, proc.getErrorMessage().c_str());
     return 1;
   }
   std::printf("  Opened: recipient %d\n  Content: %d octets\n", proc.getRecipientIndex() + 1, content.length());

@@ -24,6 +24,7 @@
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/messages.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ std::string When(std::time_t v) {
 bool Load(const char* path, int nPemType, const char* szBegin, ByteString* out) {
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    std::fprintf(stderr, "qva: cannot read %s\n", path);
+    std::fprintf(stderr, qva_msg::kCannotRead, path);
     return false;
   }
   std::ostringstream ss;
@@ -184,7 +185,7 @@ int RunCrlCommand(int argc, char** argv) {
   }
   PCertListProcess crl;
   if (crl.parseCertList(der, nullptr, issuerPath ? &issuer : nullptr) != 0) {
-    std::fprintf(stderr, "qva: %s\n", crl.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, crl.getErrorMessage().c_str());
     return 2;
   }
   PrintCrl(crl);
@@ -193,7 +194,7 @@ int RunCrlCommand(int argc, char** argv) {
   int at = -1;
   bool revoked = false;
   if (crl.isRevoked(serial, &at, &revoked) != 0) {
-    std::fprintf(stderr, "qva: %s\n", crl.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, crl.getErrorMessage().c_str());
     return 2;
   }
   if (!revoked) {

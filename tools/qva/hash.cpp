@@ -20,6 +20,7 @@
 #include "ZENALib/QSCrypto/QSHash.h"
 #include "base/ByteString.h"
 #include "libaibase/clhash.h"
+#include "tools/qva/messages.h"
 #include "tools/qva/platform/display.h"
 
 namespace {
@@ -111,7 +112,7 @@ int RunHashCommand(int argc, char** argv) {
       ok = StagedDigest(alg->id, path, barSize, &digest, &why);
     }
     if (!ok) {
-      std::fprintf(stderr, "qva: %s: %s\n", path, why.c_str());
+      std::fprintf(stderr, qva_msg::kFailedOn, path, why.c_str());
       status = 2;
       continue;
     }

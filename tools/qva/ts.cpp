@@ -17,6 +17,7 @@
 #include "ZENALib/QSProcess/PTimeStampResponseProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/messages.h"
 
 // cms.cpp: DER, or PEM/Base64 text.
 bool ReadDerOrText(const char* path, ByteString* out);
@@ -116,7 +117,7 @@ int RunTsCommand(int argc, char** argv) {
   PTimeStampResponseProcess p;
   if (int rc = p.parseTimeStampToken(token)) {
     std::printf("Checks: refused (%d)\n", rc);
-    std::fprintf(stderr, "qva: %s\n", p.getErrorMessage().c_str());
+    std::fprintf(stderr, qva_msg::kFailed, p.getErrorMessage().c_str());
     return 1;
   }
   ByteString cert, subject;

@@ -1,73 +1,44 @@
 #include "tools/server/Registry.h"
 
-#include <sqlite3.h>
-
 #include "ZENALib/QSCrypto/ECSP.h"
+#include "tools/server/SqliteRegistry.h"
+#ifdef QVA_WITH_POSTGRESQL
+#include "tools/server/PgRegistry.h"
+#endif
 
 namespace qvaserver {
 
-Registry::~Registry() {
-  if (db_) sqlite3_close(db_);
+bool Fingerprint(const ByteString& der, ByteString* digest) {
+  return ECSP_DigestData(ecsp::kSHA256, der.data(), der.length(), digest) == 0;
 }
 
-bool Registry::Open(const std::string& path, std::string* error) {
-  if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX,
-                      nullptr) != SQLITE_OK) {
-    *error = db_ ? sqlite3_errmsg(db_) : "cannot open the database";
-    return false;
-  }
-  char* message = nullptr;
-  // FULL synchronous: a row acknowledged to the client survives a crash of the server or the machine.
-  const char* setup =
-      "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
-      "CREATE TABLE IF NOT EXISTS registered ("
-      " fingerprint BLOB PRIMARY KEY, certificate BLOB NOT NULL, registered_at INTEGER NOT NULL)";
-  if (sqlite3_exec(db_, setup, nullptr, nullptr, &message) != SQLITE_OK) {
-    *error = message ? message : "cannot set the database up";
-    sqlite3_free(message);
-    return false;
-  }
-  sqlite3_busy_timeout(db_, 5000);
+bool Registry::IsPostgresUri(const std::string& where) {
+  return where.rfind("postgresql://", 0) == 0 || where.rfind("postgres://", 0) == 0;
+}
+
+bool Registry::HasPostgres() {
+#ifdef QVA_WITH_POSTGRESQL
   return true;
+#else
+  return false;
+#endif
 }
 
-bool Registry::Store(const ByteString& der, std::string* error) {
-  ByteString digest;
-  if (ECSP_DigestData(ecsp::kSHA256, der.data(), der.length(), &digest) != 0) {
-    *error = "cannot hash the certificate";
-    return false;
+std::unique_ptr<Registry> Registry::Open(const std::string& where, std::size_t connections, std::string* error) {
+  if (IsPostgresUri(where)) {
+#ifdef QVA_WITH_POSTGRESQL
+    auto pg = std::make_unique<PgRegistry>(where, connections);
+    if (!pg->Open(error)) return nullptr;
+    return pg;
+#else
+    (void)connections;
+    *error = "this qva-server was built without PostgreSQL support";
+    return nullptr;
+#endif
   }
-  std::lock_guard<std::mutex> guard(lock_);
-  sqlite3_stmt* st = nullptr;
-  // The primary key's own conflict handling makes a second registration a no-op.
-  if (sqlite3_prepare_v2(db_,
-                         "INSERT INTO registered (fingerprint, certificate, registered_at) VALUES (?, ?, "
-                         "strftime('%s','now')) ON CONFLICT(fingerprint) DO NOTHING",
-                         -1, &st, nullptr) != SQLITE_OK) {
-    *error = sqlite3_errmsg(db_);
-    return false;
-  }
-  sqlite3_bind_blob(st, 1, digest.data(), digest.length(), SQLITE_TRANSIENT);
-  sqlite3_bind_blob(st, 2, der.data(), der.length(), SQLITE_TRANSIENT);
-  const int rc = sqlite3_step(st);
-  sqlite3_finalize(st);
-  // Autocommit: SQLITE_DONE means the statement's transaction has committed.
-  if (rc != SQLITE_DONE) {
-    *error = sqlite3_errmsg(db_);
-    return false;
-  }
-  return true;
-}
-
-long Registry::Count() {
-  std::lock_guard<std::mutex> guard(lock_);
-  sqlite3_stmt* st = nullptr;
-  long n = -1;
-  if (sqlite3_prepare_v2(db_, "SELECT COUNT(*) FROM registered", -1, &st, nullptr) == SQLITE_OK &&
-      sqlite3_step(st) == SQLITE_ROW)
-    n = static_cast<long>(sqlite3_column_int64(st, 0));
-  sqlite3_finalize(st);
-  return n;
+  auto lite = std::make_unique<SqliteRegistry>();
+  if (!lite->Open(where, error)) return nullptr;
+  return lite;
 }
 
 }  // namespace qvaserver

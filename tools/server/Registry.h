@@ -1,34 +1,41 @@
-// Registry: the registered certificates in an SQLite database (WAL), one row
-// per SHA-256 fingerprint of the DER.
+// Registry: the registered certificates, one row per SHA-256 fingerprint of
+// the DER. Two backends behave alike: an embedded SQLite file for one server
+// (the default), and a PostgreSQL database that several servers share.
+//
+// Store answers true only once the row is committed. The same certificate
+// twice is one row: the database's unique key settles it, also between
+// servers that register it at the same moment.
 #pragma once
 
-#include <mutex>
+#include <cstddef>
+#include <memory>
 #include <string>
 
 #include "base/ByteString.h"
-
-struct sqlite3;
 
 namespace qvaserver {
 
 class Registry {
  public:
-  Registry() = default;
-  ~Registry();
-  Registry(const Registry&) = delete;
-  Registry& operator=(const Registry&) = delete;
+  virtual ~Registry() = default;
 
-  // Opens (creating when absent) the database; false with *error otherwise.
-  bool Open(const std::string& path, std::string* error);
-  // Stores the certificate; true once the row is committed (or was already
-  // there: the same certificate twice is one row).
-  bool Store(const ByteString& der, std::string* error);
+  // Stores the certificate; true once the row is committed or was already
+  // there (*known, when given, tells which). False with *error otherwise.
+  virtual bool Store(const ByteString& der, std::string* error, bool* known = nullptr) = 0;
   // The number of rows, or -1.
-  long Count();
+  virtual long Count() = 0;
 
- private:
-  std::mutex lock_;  // one connection, used by one worker at a time
-  sqlite3* db_ = nullptr;
+  // Opens the registry named by `where`: a postgresql:// or postgres:// URI
+  // chooses PostgreSQL with up to `connections` pooled connections, anything
+  // else is an SQLite file (created when absent). Null with *error otherwise.
+  static std::unique_ptr<Registry> Open(const std::string& where, std::size_t connections, std::string* error);
+  // True when `where` names a PostgreSQL database.
+  static bool IsPostgresUri(const std::string& where);
+  // False when this build has no PostgreSQL backend.
+  static bool HasPostgres();
 };
+
+// SHA-256 of the DER, the row's key; false when the hash cannot be made.
+bool Fingerprint(const ByteString& der, ByteString* digest);
 
 }  // namespace qvaserver

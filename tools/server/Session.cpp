@@ -5,6 +5,7 @@
 #include "libaibase/clroamingmessage.h"
 #include "libaibase/clsecuremanager.h"
 #include "tools/server/Registry.h"
+#include "tools/server/TrustStore.h"
 #include "tools/server/Validator.h"
 
 namespace qvaserver {
@@ -55,26 +56,35 @@ ByteString Session::Alert(const char* text, RequestLog* log) {
 }
 
 Result Session::Decide(int type, const std::vector<ByteString>& items, RequestLog* log) {
+  // Held until the request is decided, even if the trust store moves on.
+  const std::shared_ptr<Validator> current = services_.trust ? services_.trust->Current() : nullptr;
+  Validator* validator = current ? current.get() : services_.validator;
   if (type == kValidation) {
     if (items.size() != 2) return {kMalformedRequest, "a validation carries two items"};
     const std::string kind = Str(items[0]);
     log->kind = kind.size() <= 16 ? kind : kind.substr(0, 16);
-    if (kind == "CERT") return services_.validator->ValidateCertificate(items[1]);
+    if (kind == "CERT") return validator->ValidateCertificate(items[1]);
     if (kind == "SIGNED") {
       ByteString signer;
-      return services_.validator->ValidateSigned(items[1], &signer);
+      return validator->ValidateSigned(items[1], &signer);
     }
     return {kUnknownKind, {}};
   }
   // A registration: one item, the certificate.
   log->kind = "REGISTER";
   if (items.size() != 1) return {kMalformedRequest, "a registration carries one item"};
-  Result r = services_.validator->ValidateCertificate(items[0]);
+  Result r = validator->ValidateCertificate(items[0]);
   if (r.verdict != kValid) return r;
   ByteString der;
   std::string error;
   if (!services_.registry) return {kInternalError, "no database"};
-  if (!Validator::ToDer(items[0], &der) || !services_.registry->Store(der, &error)) return {kInternalError, error};
+  bool known = false;
+  if (!Validator::ToDer(items[0], &der) || !services_.registry->Store(der, &error, &known)) {
+    log->note = error;
+    return {kInternalError, error};
+  }
+  // Whether the row was there already (registered through this or another server).
+  log->note = known ? "known" : "new";
   return r;
 }
 

@@ -20,9 +20,11 @@ namespace qvaserver {
 
 class Validator;
 class Registry;
+class TrustStore;
 
 struct Services {
   Validator* validator = nullptr;
+  TrustStore* trust = nullptr;     // when set, its current validator is used instead
   Registry* registry = nullptr;    // null: registrations answer an internal error
   const ByteString* certificate = nullptr;  // null: no handshake offered
   const ByteString* privateKey = nullptr;
@@ -33,6 +35,7 @@ struct RequestLog {
   int type = -1;
   std::string kind = "-";
   std::string verdict = "-";
+  std::string note;  // a registration: "new", "known" or the database's error
 };
 
 class Session {

@@ -7,6 +7,7 @@
 // whole under a lock, each parsed CRL asked under its own lock.
 #pragma once
 
+#include <cstdint>
 #include <ctime>
 #include <memory>
 #include <mutex>
@@ -15,6 +16,8 @@
 
 #include "base/ByteString.h"
 #include "tools/server/Verdict.h"
+
+class PCertUtil;
 
 namespace qvaserver {
 
@@ -53,12 +56,23 @@ class Validator {
     ByteString subject;
     ByteString issuer;
     ByteString spki;
+    std::string subjectKey;  // the names as compared (case and spacing folded)
+    std::string issuerKey;
+    std::int64_t notBefore = 0;
+    std::int64_t notAfter = 0;
+    int keyUsage = -1;  // PCERT_KU_* bits, -1 without keyUsage
   };
 
  private:
   std::time_t Now() const;
   std::shared_ptr<CrlSet> Crls();
-  Result CheckPath(const std::vector<const Cert*>& path, std::time_t when);
+  // The verdict on a described certificate at `when`; *anchor (when given)
+  // is set to the anchor of the path that passed. `depth` counts the
+  // separate CRL signers being validated around this search.
+  Result Search(const Cert& leaf, std::time_t when, int depth, const Cert** anchor);
+  Result CheckPath(const std::vector<const Cert*>& path, std::time_t when, int depth);
+  static Result CheckPolicies(const std::vector<const Cert*>& path,
+                              const std::vector<std::unique_ptr<PCertUtil>>& utils);
 
   ValidatorConfig config_;
   std::vector<Cert> anchors_;

@@ -25,6 +25,7 @@ constexpr Row kRows[] = {
     {kKeyUsage, qva_msg::kSrvKeyUsage, "key usage does not allow this use"},
     {kPathConstraints, qva_msg::kSrvPathConstraints, "CA flag, path length or name constraints violated"},
     {kUnsupportedAlgorithm, qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm"},
+    {kUnsupportedCritical, qva_msg::kSrvUnsupportedCritical, "a critical extension or constraint on the path is not supported"},
     {kInternalError, qva_msg::kSrvInternalError, "internal error"},
 };
 

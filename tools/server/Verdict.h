@@ -22,6 +22,7 @@ enum Verdict {
   kKeyUsage = 5011,
   kPathConstraints = 5012,
   kUnsupportedAlgorithm = 5013,
+  kUnsupportedCritical = 5014,
   kInternalError = 5099,
 };
 

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <asio.hpp>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdint>
@@ -19,7 +20,7 @@
 #include "base/QSBase.h"
 #include "tools/server/Registry.h"
 #include "tools/server/Session.h"
-#include "tools/server/Validator.h"
+#include "tools/server/TrustStore.h"
 
 namespace {
 
@@ -101,8 +102,8 @@ std::string Now() {
 }
 
 void AccessLog(const std::string& peer, const qvaserver::RequestLog& log, long long micros) {
-  std::printf("%s %s type=%d kind=%s verdict=%s us=%lld\n", Now().c_str(), peer.c_str(), log.type, log.kind.c_str(),
-              log.verdict.c_str(), micros);
+  std::printf("%s %s type=%d kind=%s verdict=%s us=%lld%s%s\n", Now().c_str(), peer.c_str(), log.type,
+              log.kind.c_str(), log.verdict.c_str(), micros, log.note.empty() ? "" : " note=", log.note.c_str());
 }
 
 Connection::Connection(Server* server, tcp::socket socket)
@@ -227,6 +228,22 @@ bool ReadBytes(const std::string& path, int pemType, ByteString* out) {
   return true;
 }
 
+// A database URI as it may be printed: without the password of its user
+// part or of a password= parameter.
+std::string Redacted(std::string where) {
+  const std::size_t scheme = where.find("://");
+  const std::size_t at = where.find('@');
+  const std::size_t colon = scheme == std::string::npos ? std::string::npos : where.find(':', scheme + 3);
+  if (at != std::string::npos && colon < at) where = where.substr(0, colon + 1) + "***" + where.substr(at);
+  const std::size_t query = where.find('?');
+  for (std::size_t p = where.find("password=", query); query != std::string::npos && p != std::string::npos;
+       p = where.find("password=", p + 1)) {
+    const std::size_t value = p + 9, end = std::min(where.find('&', value), where.size());
+    if (where[p - 1] == '?' || where[p - 1] == '&') where.replace(value, end - value, "***");
+  }
+  return where;
+}
+
 // --time: seconds since 1970 or a GeneralizedTime text (YYYYMMDDhhmmssZ).
 bool ParseTime(const std::string& text, std::time_t* out) {
   if (!text.empty() && text.find_first_not_of("0123456789") == std::string::npos && text.size() <= 12) {
@@ -260,7 +277,7 @@ int main(int argc, char** argv) {
   app.add_option("--anchors", config.anchorDir, "directory of trust anchors (DER or PEM)")->required();
   app.add_option("--intermediates", config.intermediateDir, "directory of intermediate CA certificates");
   app.add_option("--crls", config.crlDir, "directory of CRLs; without it revocation is not checked");
-  app.add_option("--db", database, "SQLite database of registered certificates");
+  app.add_option("--db", database, "registered certificates: SQLite file, or postgresql:// URI shared by servers");
   app.add_option("--cert", certFile, "server certificate for the handshake (DER or PEM)");
   app.add_option("--key", keyFile, "server private key for the handshake (PKCS#8, DER or PEM)");
   app.add_option("--policy", config.policies, "accepted certificate policy OID (repeatable); default any");
@@ -288,15 +305,16 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "qva-server: --cert and --key go together\n");
     return 2;
   }
-  qvaserver::Validator validator;
+  qvaserver::TrustStore trust;
   std::string error;
-  if (!validator.Load(config, &error)) {
+  if (!trust.Load(config, &error)) {
     std::fprintf(stderr, "qva-server: %s\n", error.c_str());
     return 1;
   }
-  qvaserver::Registry registry;
-  if (!database.empty() && !registry.Open(database, &error)) {
-    std::fprintf(stderr, "qva-server: %s: %s\n", database.c_str(), error.c_str());
+  // Each worker holds at most one database connection at a time.
+  std::unique_ptr<qvaserver::Registry> registry;
+  if (!database.empty() && !(registry = qvaserver::Registry::Open(database, workers, &error))) {
+    std::fprintf(stderr, "qva-server: %s: %s\n", Redacted(database).c_str(), error.c_str());
     return 1;
   }
   ByteString certificate, privateKey;
@@ -306,8 +324,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   qvaserver::Services services;
-  services.validator = &validator;
-  services.registry = database.empty() ? nullptr : &registry;
+  services.trust = &trust;
+  services.registry = registry.get();
   if (!certFile.empty()) {
     services.certificate = &certificate;
     services.privateKey = &privateKey;
@@ -323,7 +341,7 @@ int main(int argc, char** argv) {
     });
     std::printf("listening on %s:%u\n", listen.c_str(), server.port());
     std::fprintf(stderr, "qva-server: %zu anchor(s), %zu intermediate(s), revocation %s, %zu worker(s)\n",
-                 validator.AnchorCount(), validator.IntermediateCount(),
+                 trust.Current()->AnchorCount(), trust.Current()->IntermediateCount(),
                  config.crlDir.empty() ? "not checked" : "from CRLs", workers);
     server.Accept();
     io.run();

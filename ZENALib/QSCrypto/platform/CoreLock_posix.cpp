@@ -14,7 +14,7 @@ pthread_mutex_t g_coreMutex = PTHREAD_MUTEX_INITIALIZER;
 CoreLock::CoreLock() {
   const int rc = pthread_mutex_lock(&g_coreMutex);
   if (rc != 0) {
-    std::fprintf(stderr, "CreateMutex Failed. [%d]\n", rc);
+    std::fprintf(stderr, kMsgCreateMutexFailed, rc);
     return;
   }
   m_bHeld = true;

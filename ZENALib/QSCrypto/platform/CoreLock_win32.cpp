@@ -21,7 +21,7 @@ HANDLE CoreMutex() {
 CoreLock::CoreLock() {
   const HANDLE mutex = CoreMutex();
   if (!mutex) {
-    std::fprintf(stderr, "CreateMutex Failed. [%d]\n", static_cast<int>(GetLastError()));
+    std::fprintf(stderr, kMsgCreateMutexFailed, static_cast<int>(GetLastError()));
     return;
   }
   // An abandoned mutex is ours all the same: its last owner ended while holding it.

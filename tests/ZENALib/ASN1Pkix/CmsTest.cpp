@@ -526,7 +526,7 @@ TEST(CmsSchema, KoreanIdentifyDataAndCertificatePair) {
     ASSERT_EQ(names.fromASN1Object(ext.getExtnValue().getValue()), 0) << names.getErrorMessage().c_str();
     for (const RGeneralName& name : names.items()) {
       if (!name.isOtherName() || Oid(name.getOtherName().getTypeId()) != "1 2 410 200004 10 1 1") continue;
-      const ByteString& element = name.getOtherName().m_value.getElement();  // [0] EXPLICIT value
+      const ByteString& element = name.getOtherName().getNameValue().getElement();  // [0] EXPLICIT value
       RIdentifyData id;
       ASSERT_EQ(id.fromASN1Object(element), 0) << id.getErrorMessage().c_str();
       EXPECT_EQ(ToHex(id.getRealName().getValue()), "ed858cec8aa4ed8ab8");  // "테스트" in UTF-8
@@ -541,7 +541,7 @@ TEST(CmsSchema, KoreanIdentifyDataAndCertificatePair) {
       EXPECT_EQ(id.getVID(1, &vid), R_ERR_FORMAT);  // no second entry
       // Both encode back to the certificate's bytes.
       EXPECT_EQ(id.toASN1Object(), element);
-      EXPECT_EQ(vid.toASN1Object(), id.getUserInfo().getAt(0)->m_value.getElement());
+      EXPECT_EQ(vid.toASN1Object(), id.getUserInfo().getAt(0)->getValue().getElement());
       ++found;
     }
   }

@@ -9,6 +9,10 @@
 #include "ZENALib/ASN1Pkix/RTime.h"
 #include "tests/ZENALib/ASN1Pkix/Pkix.h"
 
+#include <type_traits>
+
+#include "PkixClasses.h"
+
 namespace {
 
 class RIntegers : public RListOf<ASN1Integer> {
@@ -25,30 +29,55 @@ class RIntegers : public RListOf<ASN1Integer> {
 //   extra     [3] EXPLICIT ANY OPTIONAL,
 //   list      [4] IMPLICIT SEQUENCE OF INTEGER OPTIONAL,
 //   note          OCTET STRING OPTIONAL }
+#define RProbe_COMPONENTS(X)                                                        \
+  X(ASN1Integer, Version, version, EXPLICIT(0), R_VERSION)                          \
+  X(ASN1Integer, Number, number, UNIVERSAL(ASN1_TAG_INTEGER), R_MANDATORY)          \
+  X(RTime, When, when, TAGS(ASN1_TAG_UTCTIME, R_TAGS_TIME), R_MANDATORY)            \
+  X(RAlgorithmIdentifier, Algorithm, algorithm, IMPLICIT(1), R_OPTIONAL)            \
+  X(RTime, Moment, moment, EXPLICIT(2), R_OPTIONAL)                                 \
+  X(RAny, Extra, extra, EXPLICIT(3), R_OPTIONAL)                                    \
+  X(RIntegers, List, list, IMPLICIT(4), R_OPTIONAL)                                 \
+  X(ASN1OctetString, Note, note, UNIVERSAL(ASN1_TAG_OCTETSTRING), R_OPTIONAL)
+
 class RProbe : public RStructure {
   R_DECLARE_SCHEMA()
-  R_COMPONENT(ASN1Integer, Version, version)
-  R_COMPONENT(ASN1Integer, Number, number)
-  R_COMPONENT(RTime, When, when)
-  R_COMPONENT(RAlgorithmIdentifier, Algorithm, algorithm)
-  R_COMPONENT(RTime, Moment, moment)
-  R_COMPONENT(RAny, Extra, extra)
-  R_COMPONENT(RIntegers, List, list)
-  R_COMPONENT(ASN1OctetString, Note, note)
+  R_COMPONENTS(RProbe)
 };
 
-const RField RProbe::kFields[] = {
-    R_FIELD_EXPLICIT(RProbe, version, 0, R_VERSION),
-    R_FIELD(RProbe, number, ASN1_TAG_INTEGER, R_MANDATORY),
-    R_FIELD_TAGS(RProbe, when, ASN1_TAG_UTCTIME, R_TAGS_TIME, R_MANDATORY),
-    R_FIELD_IMPLICIT(RProbe, algorithm, 1, R_OPTIONAL),
-    R_FIELD_EXPLICIT(RProbe, moment, 2, R_OPTIONAL),
-    R_FIELD_EXPLICIT(RProbe, extra, 3, R_OPTIONAL),
-    R_FIELD_IMPLICIT(RProbe, list, 4, R_OPTIONAL),
-    R_FIELD(RProbe, note, ASN1_TAG_OCTETSTRING, R_OPTIONAL),
-};
+R_FIELDS(RProbe);
 const RSchema RProbe::kSchema =
     R_SCHEMA(RProbe, ASN1_TAG_SEQUENCE, R_AT_LEAST(2, "At least 2 components are required."), kFields);
+
+// What is wrong with the schema rows of class C, empty when nothing is: the
+// trace name must be "m_" and the schema name, there must be one row per
+// listed component, and in a structure each row must reach a member inside
+// the object, in the members' declaration order (all private, so their
+// addresses ascend). A CHOICE's rows are not followed: reaching an
+// alternative may build it.
+template <typename C>
+std::string RowFaults(const char* cls) {
+  struct Peek : C {
+    using C::schema;
+  };
+  Peek obj;
+  const RSchema& s = obj.schema();
+  const auto* lo = reinterpret_cast<const unsigned char*>(&obj);
+  const unsigned char* prev = nullptr;
+  std::string faults;
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if (std::string(f.member) != std::string("m_") + f.name) faults += std::string(" ") + f.member + ": trace name;";
+    if constexpr (std::is_base_of_v<RStructure, C>) {
+      const auto* at = reinterpret_cast<const unsigned char*>(&f.ref(obj));
+      if (at < lo || at + sizeof(ASN1Object) > lo + sizeof(Peek)) faults += std::string(" ") + f.name + ": outside;";
+      if (prev && at <= prev) faults += std::string(" ") + f.name + ": out of order;";
+      prev = at;
+    }
+  }
+  if (s.nFields != C::kComponentCount)
+    faults += " " + std::to_string(s.nFields) + " rows for " + std::to_string(C::kComponentCount) + " components;";
+  return faults.empty() ? faults : cls + faults;
+}
 
 const bool kRegistered = pkixtest::Register("RProbe", [] { return std::unique_ptr<ASN1Object>(new RProbe); });
 const std::string kUtc = "170D3236313132323030303030305A";  // 261122000000Z
@@ -78,6 +107,23 @@ TEST(SchemaEngine, MembersLandWhereTheSchemaSays) {
   EXPECT_EQ(qvatest::ToHex(p.getExtra().getElement()), "31050403414243");
   EXPECT_EQ(qvatest::ToHex(p.getExtra().getValue()), "0403414243");
   EXPECT_FALSE(p.hasList() || p.hasNote());
+}
+
+// Every structure and choice class of the family, and the probe.
+TEST(SchemaEngine, RowsMatchTheMembers) {
+  std::vector<std::string> faults;
+  int checked = 0;
+  auto check = [&](std::string fault) {
+    ++checked;
+    if (!fault.empty()) faults.push_back(fault);
+  };
+#define R(C) \
+  if constexpr (std::is_base_of_v<RStructure, C> || std::is_base_of_v<RChoice, C>) check(RowFaults<C>(#C));
+#include "PkixRegistry.inc"
+#undef R
+  check(RowFaults<RProbe>("RProbe"));
+  EXPECT_GT(checked, 1);
+  EXPECT_TRUE(faults.empty()) << ::testing::PrintToString(faults);
 }
 
 TEST(SchemaEngine, BuildsFromSetters) {

@@ -1,0 +1,69 @@
+// Test support for several qva-server processes on one database (a
+// throwaway cluster from tests/support/PgCluster.h): a server process with
+// its access log, a small PKI whose leaves all validate, and a registration
+// through the transport's two addresses.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdio>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/PgCluster.h"
+
+namespace qvatest {
+
+// A qva-server process; its access log is collected as it comes.
+class ServerProcess {
+ public:
+  explicit ServerProcess(const std::vector<std::string>& args);
+  ~ServerProcess();
+  ServerProcess(const ServerProcess&) = delete;
+  ServerProcess& operator=(const ServerProcess&) = delete;
+  int port() const { return port_; }
+  // Sends the signal and waits for the process.
+  void Stop(int sig);
+  std::string Log();
+
+ private:
+  pid_t pid_ = -1;
+  int port_ = 0;
+  FILE* out_ = nullptr;
+  std::thread reader_;
+  std::mutex lock_;
+  std::string log_;
+};
+
+// A root CA (RSA-2048) in DIR/anchors and leaves it signs, made with libcrypto.
+class LeafFactory {
+ public:
+  explicit LeafFactory(const std::string& dir);
+  ~LeafFactory();
+  LeafFactory(const LeafFactory&) = delete;
+  LeafFactory& operator=(const LeafFactory&) = delete;
+  std::string anchors() const { return dir_ + "/anchors"; }
+  // A distinct valid leaf (DER) per serial.
+  std::string Leaf(long serial) const;
+  std::vector<std::string> Leaves(long first, int n) const;
+
+ private:
+  std::string dir_;
+  struct Keys;
+  Keys* keys_;
+};
+
+// SHA-256 of bytes, the registry's key.
+std::string Sha256(const std::string& bytes);
+
+// The first column of a query's rows in binary form; false when it fails.
+bool Query(const std::string& uri, const char* sql, std::vector<std::string>* rows);
+
+// One registration (type 107) through the transport with first address
+// 127.0.0.1:port1 and second 127.0.0.1:port2: the server's verdict, or the
+// transport's failure code.
+int RegisterVia(int port1, int port2, const std::string& der);
+
+}  // namespace qvatest
