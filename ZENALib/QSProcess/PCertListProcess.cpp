@@ -69,6 +69,28 @@ std::time_t TimeOf(const RTime& t) {
 
 bool IsTime(unsigned char tag) { return tag == 0x17 || tag == 0x18; }
 
+// True, with *out the same octets under a definite length, for a
+// CertificateList whose outer SEQUENCE has an indefinite one (a BER
+// writer's): the signed part and the signature stay as received.
+bool DefiniteOuter(const ByteString& crl, ByteString* out) {
+  RElementHeader h;
+  if (RReadHeader(crl.data(), crl.length(), &h) || h.first != 0x30 || h.contentLength >= 0) return false;
+  const int n = h.totalLength - h.headerLength - 2;
+  unsigned char head[6] = {0x30};
+  int len = 1;
+  if (n < 0x80) {
+    head[len++] = static_cast<unsigned char>(n);
+  } else {
+    int octets = 1;
+    while (octets < 4 && (n >> (8 * octets)) != 0) ++octets;
+    head[len++] = static_cast<unsigned char>(0x80 | octets);
+    for (int i = octets - 1; i >= 0; --i) head[len++] = static_cast<unsigned char>(n >> (8 * i));
+  }
+  out->setData(head, len);
+  out->append(crl.data() + h.headerLength, n);
+  return out->status() == BS_OK;
+}
+
 // A 64-bit hash of a serial's octets: eight at a time through a multiply
 // and xor-shift, finished by the 64-bit mixer of MurmurHash3 so that the top
 // bits, which pick the bucket, depend on every octet.
@@ -132,7 +154,9 @@ int PCertListProcess::parseCertList(const ByteString& bsCRL, const ByteString* p
                                     const ByteString* pIssuerCert) {
   static const char kM[] = "parseCertList";
   clear();
-  int rc = decode(bsCRL);
+  ByteString definite;
+  const ByteString& crl = DefiniteOuter(bsCRL, &definite) ? definite : bsCRL;
+  int rc = decode(crl);
 
   // Version: absent is v1, which carries no extensions; present must be v2.
   if (rc == 0) {
@@ -149,7 +173,7 @@ int PCertListProcess::parseCertList(const ByteString& bsCRL, const ByteString* p
     rc = P_FAIL(kM, "UDNSettings::RDN2Str", PCRL_ERR_DN, kMsgMakeDNFailed);
   if (rc == 0 && m_pTBSCertList->hasCrlExtensions()) m_pCrlExtensions = &m_pTBSCertList->getCrlExtensions();
   if (rc == 0 && pSubjectCert) rc = checkSubject(*pSubjectCert);
-  if (rc == 0 && pIssuerCert) rc = checkIssuer(bsCRL, *pIssuerCert);
+  if (rc == 0 && pIssuerCert) rc = checkIssuer(crl, *pIssuerCert);
   if (rc == 0) rc = indexSerials();
   if (rc == 0) rc = indexExtensions();
   if (rc != 0) {

@@ -30,6 +30,14 @@ ByteString Crafted(const ByteString& der, const std::string& craft) {
   in >> op >> a >> b >> c;
   if (op.empty()) return der;
   if (op == "truncate") return ByteString(der.data(), der.length() - 1);
+  if (op == "indefinite") {
+    RElementHeader h;
+    EXPECT_EQ(RReadHeader(der.data(), der.length(), &h), 0);
+    ByteString out("\x30\x80", 2);
+    out.append(der.data() + h.headerLength, h.contentLength);
+    out.append("\x00\x00", 2);
+    return out;
+  }
   if (op == "flip") {
     ByteString out = der;
     out.buffer()[out.length() - 1] ^= 0x01;
