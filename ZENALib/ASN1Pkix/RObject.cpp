@@ -76,14 +76,35 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
     out->setData(p + h.headerLength, first.totalLength);
 }
 
-RComponentWalk::RComponentWalk(unsigned char ucTag)
-    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
-                                   : new (m_storage) ASN1Sequence()) {}
+RComponentWalk::RComponentWalk(unsigned char ucTag) : m_ucTag(ucTag) {}
 
-RComponentWalk::~RComponentWalk() { m_pSeq->~ASN1Sequence(); }
+RComponentWalk::~RComponentWalk() {
+  if (m_pSeq) m_pSeq->~ASN1Sequence();
+}
+
+ASN1Sequence& RComponentWalk::table() {
+  if (!m_pSeq)
+    m_pSeq = m_ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
+                                     : new (m_storage) ASN1Sequence();
+  return *m_pSeq;
+}
 
 int RComponentWalk::open(const unsigned char* pData, int nData) {
-  if (const int rc = m_pSeq->borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
+  // A universal SEQUENCE or SET with a definite length inside the input is
+  // what the sequence class would accept the same way; read it directly.
+  bool plain = false;
+  if (pData && nData >= 2 && pData[0] == (ASN1_CONSTRUCTED | m_ucTag)) {
+    ByteReader h(pData + 1, static_cast<std::size_t>(nData - 1));
+    std::uint32_t len = 0;
+    bool indefinite = false;
+    if (h.readLength(&len, &indefinite) == BS_OK && !indefinite && len <= h.remaining()) {
+      m_pContent = h.data();
+      m_nContent = static_cast<int>(len);
+      plain = true;
+    }
+  }
+  if (!plain)
+    if (const int rc = table().borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
   ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
   int count = 0;
   while (!r.empty()) {
@@ -95,7 +116,7 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
     if (reserved || r.readTagLength(&t) != BS_OK || t.indefinite) {
       // The whole decode again, so a refusal carries the sequence's own trace.
       m_bTable = true;
-      if (const int rc = m_pSeq->borrowComponents(pData, nData)) return rc;
+      if (const int rc = table().borrowComponents(pData, nData)) return rc;
       m_nCount = m_pSeq->getComponentCount();
       return 0;
     }
