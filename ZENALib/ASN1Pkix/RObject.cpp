@@ -121,7 +121,15 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
       return 0;
     }
     r.skip(t.contentLength);
-    if (count < kKept) m_anLength[count] = static_cast<int>(t.headerLength + t.contentLength);
+    if (count < kKept) {
+      RElementHeader& h = m_aHeader[count];
+      h.first = t.first;
+      h.tagNo = static_cast<int>(t.tagNo);
+      h.idLength = static_cast<int>(t.idLength);
+      h.headerLength = static_cast<int>(t.headerLength);
+      h.contentLength = static_cast<int>(t.contentLength);
+      h.totalLength = static_cast<int>(t.headerLength + t.contentLength);
+    }
     ++count;
   }
   m_nCount = count;
@@ -133,6 +141,19 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   if (m_bTable) {
     m_pSeq->getComponentBytes(m_nNext++, pp, pn);
     if (ph) *prc = RReadHeader(*pp, *pn, ph);
+    return true;
+  }
+  if (m_nNext < kKept) {
+    // Read while counting: a definite length within the contents.
+    const RElementHeader& kept = m_aHeader[m_nNext];
+    *pp = m_pContent + m_nOffset;
+    *pn = kept.totalLength;
+    if (ph) {
+      *ph = kept;
+      *prc = 0;
+    }
+    m_nOffset += *pn;
+    ++m_nNext;
     return true;
   }
   if (ph) {
@@ -155,14 +176,10 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
     return true;
   }
   *pp = m_pContent + m_nOffset;
-  if (m_nNext < kKept) {
-    *pn = m_anLength[m_nNext];
-  } else {
-    ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
-    TagLength t;
-    r.readTagLength(&t);  // vouched for by open()
-    *pn = static_cast<int>(t.headerLength + t.contentLength);
-  }
+  ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
+  TagLength t;
+  r.readTagLength(&t);  // vouched for by open()
+  *pn = static_cast<int>(t.headerLength + t.contentLength);
   m_nOffset += *pn;
   ++m_nNext;
   return true;
@@ -188,9 +205,8 @@ ByteString& RObject::finishEncoding(ASN1Sequence& seq, const RSchema* schema) {
 }
 
 void RObject::applyFieldTag(const RField& f) {
-  ASN1Object& m = f.ref(*this);
-  if (f.kind == RKind::Explicit) m.setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
-  if (f.kind == RKind::Implicit) m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  if (f.kind == RKind::Explicit) f.ref(*this).setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  if (f.kind == RKind::Implicit) f.ref(*this).setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
 }
 
 int RObject::explicitHeader(std::uint64_t nInner, unsigned char* out) const {
@@ -260,19 +276,6 @@ int RObject::encodeField(const RSchema* schema, const RField& f, ASN1Sequence& s
                                                                          : seq.addComponent(enc);
   if (rc != 0) return failAt(schema, "toASN1Object", "asnSeq", rc, seq.getErrorMessage().c_str());
   return 0;
-}
-
-bool RObject::fieldMatches(const RField& f, const RElementHeader& h) {
-  switch (f.kind) {
-    case RKind::Universal:
-      return h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo < 32 && ((f.tags >> h.tagNo) & 1u);
-    case RKind::Any:
-      return true;
-    case RKind::Explicit:
-    case RKind::Implicit:
-      return h.tagClass() == ASN1_CLASS_CONTEXT && h.tagNo == f.tag;
-  }
-  return false;
 }
 
 int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n) {

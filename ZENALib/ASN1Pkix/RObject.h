@@ -79,9 +79,9 @@ class RComponentWalk {
   int m_nNext = 0;
   int m_nOffset = 0;
   bool m_bTable = false;
-  // The lengths of the first components, found while counting.
+  // The headers of the first components, read while counting.
   static constexpr int kKept = 16;
-  int m_anLength[kKept];
+  RElementHeader m_aHeader[kKept];
 };
 
 class RObject : public ASN1Object {
@@ -115,7 +115,18 @@ class RObject : public ASN1Object {
   // failing code (recorded under the member's name).
   int decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n);
   // Whether the element with header h is the one field f expects.
-  static bool fieldMatches(const RField& f, const RElementHeader& h);
+  static bool fieldMatches(const RField& f, const RElementHeader& h) {
+    switch (f.kind) {
+      case RKind::Universal:
+        return h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo < 32 && ((f.tags >> h.tagNo) & 1u);
+      case RKind::Any:
+        return true;
+      case RKind::Explicit:
+      case RKind::Implicit:
+        return h.tagClass() == ASN1_CLASS_CONTEXT && h.tagNo == f.tag;
+    }
+    return false;
+  }
   // Puts field f's tag on its member before encoding or decoding.
   void applyFieldTag(const RField& f);
   // The element `inner` under this object's own explicit tag, into out.
