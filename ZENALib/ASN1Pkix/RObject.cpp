@@ -94,13 +94,17 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
   // what the sequence class would accept the same way; read it directly.
   bool plain = false;
   if (pData && nData >= 2 && pData[0] == (ASN1_CONSTRUCTED | m_ucTag)) {
-    ByteReader h(pData + 1, static_cast<std::size_t>(nData - 1));
-    std::uint32_t len = 0;
-    bool indefinite = false;
-    if (h.readLength(&len, &indefinite) == BS_OK && !indefinite && len <= h.remaining()) {
+    if (pData[1] < 0x80) {
+      plain = pData[1] <= nData - 2;
+      m_pContent = pData + 2;
+      m_nContent = pData[1];
+    } else {
+      ByteReader h(pData + 1, static_cast<std::size_t>(nData - 1));
+      std::uint32_t len = 0;
+      bool indefinite = false;
+      plain = h.readLength(&len, &indefinite) == BS_OK && !indefinite && len <= h.remaining();
       m_pContent = h.data();
       m_nContent = static_cast<int>(len);
-      plain = true;
     }
   }
   if (!plain)

@@ -9,6 +9,9 @@
 // objects first. Encoding a decoded list copies the bytes of the entries not
 // built, once it has checked that each of them encodes back to the same
 // length (DER input); other input is encoded entry by entry as before.
+// Since even const getAt may build an entry, a list read by several threads
+// at once is unpacked first (items()); unpacking moves the built entries, so
+// pointers from getAt taken before it no longer point into the list.
 #pragma once
 
 #include <cstdint>
