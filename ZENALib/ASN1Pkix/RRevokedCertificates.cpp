@@ -1,5 +1,7 @@
 #include "ZENALib/ASN1Pkix/RRevokedCertificates.h"
 
+#include <cstring>
+
 #include "ZENALib/ASN1/ASN1Messages.h"
 #include "base/ByteReader.h"
 
@@ -103,14 +105,20 @@ int RRevokedCertificates::fromASN1View(const unsigned char* pData, int nData) {
 
 bool RRevokedCertificates::verbatim() {
   if (m_nVerbatim < 0) {
-    // An entry received in another form than DER (long or indefinite lengths,
-    // constructed strings) re-encodes to another length.
+    // An entry received in another form than its own encoding (long or
+    // indefinite lengths, constructed strings, a tag the decoder looks
+    // through) is written as it encodes, not as it came.
     RRevokedCertificate scratch;
     m_nVerbatim = 1;
     for (std::size_t i = 0; i + 1 < m_offsets.size() && m_nVerbatim; ++i) {
+      const unsigned char* p = m_bsEntries.data() + m_offsets[i];
       const int n = static_cast<int>(m_offsets[i + 1] - m_offsets[i]);
-      if (scratch.fromASN1View(m_bsEntries.data() + m_offsets[i], n) != 0 || scratch.encodedLength() != n)
+      if (scratch.fromASN1View(p, n) != 0) {
         m_nVerbatim = 0;
+        break;
+      }
+      const ByteString& enc = scratch.toASN1Object();
+      if (enc.length() != n || std::memcmp(enc.data(), p, static_cast<std::size_t>(n)) != 0) m_nVerbatim = 0;
     }
   }
   return m_nVerbatim == 1;

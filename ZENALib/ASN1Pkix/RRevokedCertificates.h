@@ -8,7 +8,7 @@
 // items(), add and the item-by-item engine turn the list into ordinary
 // objects first. Encoding a decoded list copies the bytes of the entries not
 // built, once it has checked that each of them encodes back to the same
-// length (DER input); other input is encoded entry by entry as before.
+// bytes (DER input); other input is encoded entry by entry as before.
 // Since even const getAt may build an entry, a list read by several threads
 // at once is unpacked first (items()); unpacking moves the built entries, so
 // pointers from getAt taken before it no longer point into the list.
@@ -56,6 +56,6 @@ class RRevokedCertificates : public RListOf<RRevokedCertificate> {
   mutable std::vector<std::uint32_t> m_offsets;
   // The entries built so far, by index.
   mutable std::map<int, RRevokedCertificate> m_built;
-  // Whether the kept entries encode back to their own bytes: -1 not known yet.
+  // Whether every kept entry encodes back to its own bytes: -1 not known yet.
   int m_nVerbatim = -1;
 };

@@ -77,6 +77,23 @@ TEST(Heap, DecodedCrlKeepsItsEntriesAsBytes) {
   EXPECT_EQ(static_cast<std::size_t>(kEntries), back.items().size());
 }
 
+// Every CRL of the tables encodes back to its own bytes from a list left as
+// received, and the same bytes once every entry is built.
+TEST(Heap, KeptAndBuiltRevokedListsEncodeAlike) {
+  const auto files = qvatest::DerFiles(qvatest::DataPath("pkix/x509/crls"));
+  ASSERT_FALSE(files.empty());
+  for (const std::string& file : files) {
+    SCOPED_TRACE(file);
+    const ByteString der = qvatest::ReadFileBs(file);
+    RCertificateList kept, built;
+    ASSERT_EQ(0, kept.fromASN1Object(der)) << kept.getErrorMessage().c_str();
+    ASSERT_EQ(0, built.fromASN1Object(der));
+    built.getTbsCertList().getRevokedCertificates().items();
+    EXPECT_EQ(der, kept.toASN1Object());
+    EXPECT_EQ(der, built.toASN1Object());
+  }
+}
+
 // A key file read straight into its ByteString: no other copy of the key
 // is made (and freed unwiped) before the scan starts.
 ByteString LoadKey(const char* file) {
