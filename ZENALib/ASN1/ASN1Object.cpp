@@ -344,8 +344,16 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   if (n < 2) return ASN1_FAIL(kClass, kMethod, "baData", asn1_code::kNoData, asn1_msg::kLengthError);
 
   m_ucConstructed = 0;
-  if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0)
+  const unsigned char low = static_cast<unsigned char>(d[0] & 0x1F);
+  constexpr std::uint32_t kReserved = (1u << 13) | (1u << 14) | (1u << 15) | (1u << 29) | (1u << 31);
+  if (!(d[0] & 0xC0) && !((kReserved >> low) & 1u)) {
+    // The usual universal identifier, classified as checkASN1Member would.
+    m_ucTagClass = static_cast<unsigned char>(d[0] & 0xE0);
+    m_ucTaggedType = ASN1_UNTAGGED;
+    m_ucPrimitiveTag = low;
+  } else if (checkASN1Member(d[0], &m_ucPrimitiveTag, &m_ucTaggedType, &m_nOptionTagNo, &m_ucTagClass) != 0) {
     return ASN1_FAIL_CHAINED(kClass, kMethod, "checkASN1Member", asn1_code::kBadIdentifier);
+  }
   ByteReader r(d, static_cast<std::size_t>(n));
   r.skip(1);
   if (m_ucTaggedType == ASN1_HIGHTAG) {

@@ -1,17 +1,62 @@
 #include "ZENALib/ASN1Pkix/RAny.h"
 
+#include <cstring>
+
 #include "base/ByteReader.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
 int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0) return R_ERR_FORMAT;
+  if (RReadHeader(p, n, &h) != 0 || h.headerLength > static_cast<int>(sizeof m_aHeader)) return R_ERR_FORMAT;
   const int content = h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
-  if (isSecret()) m_bsElement.zeroize();
-  m_bsElement.setData(p, h.totalLength);
-  m_bsValue.setData(p + h.headerLength, content);
+  if (isSecret()) {
+    m_bsElement.zeroize();
+    m_bsValue.zeroize();
+  }
+  m_bsElement.clear();
+  if (m_bsValue.setData(p + h.headerLength, content) != BS_OK) {
+    m_nHeader = 0;
+    return R_ERR_FORMAT;
+  }
+  std::memcpy(m_aHeader, p, static_cast<std::size_t>(h.headerLength));
+  m_nHeader = static_cast<unsigned char>(h.headerLength);
+  m_bEndOctets = h.contentLength < 0;
   m_ucConstructed = static_cast<unsigned char>(h.first & ASN1_CONSTRUCTED);
   return 0;
+}
+
+void RAny::writeElement(ByteWriter& w) const {
+  static const unsigned char kEnd[2] = {0, 0};
+  w.bytes(m_aHeader, m_nHeader).bytes(m_bsValue);
+  if (m_bEndOctets) w.bytes(kEnd, 2);
+}
+
+int RAny::afterSetValue() {
+  if (m_nHeader == 0) return 0;
+  // The identifier octets the header began with (a high tag number's last
+  // octet is the first without bit 8), then the new length.
+  int idLength = 1;
+  if ((m_aHeader[0] & 0x1F) == 0x1F) {
+    while (idLength < m_nHeader && (m_aHeader[idLength] & 0x80)) ++idLength;
+    ++idLength;
+  }
+  if (isSecret()) m_bsElement.zeroize();
+  m_bsElement.clear();
+  m_nHeader = static_cast<unsigned char>(
+      idLength + putLength(m_aHeader + idLength, static_cast<std::uint32_t>(m_bsValue.length())));
+  m_bEndOctets = false;
+  return 0;
+}
+
+const ByteString& RAny::getElement() const {
+  if (m_nHeader && m_bsElement.length() == 0) {
+    ByteWriter w;
+    if (isSecret()) w.secret(true);
+    w.reserve(static_cast<std::size_t>(elementLength()));
+    writeElement(w);
+    w.finish(&m_bsElement);
+  }
+  return m_bsElement;
 }
 
 int RAny::setElement(const ByteString& bsElement) {
@@ -22,34 +67,37 @@ int RAny::setElement(const ByteString& bsElement) {
 }
 
 std::int64_t RAny::encodedLength() {
-  if (m_bsElement.length() == 0) return -1;
-  if (m_ucTaggedType != ASN1_EXPLICIT) return m_bsElement.length();
+  const int n = elementLength();
+  if (n == 0) return -1;
+  if (m_ucTaggedType != ASN1_EXPLICIT) return n;
   unsigned char header[16];
-  const int nh = explicitHeader(static_cast<std::uint64_t>(m_bsElement.length()), header);
-  return nh < 0 ? -1 : nh + m_bsElement.length();
+  const int nh = explicitHeader(static_cast<std::uint64_t>(n), header);
+  return nh < 0 ? -1 : nh + n;
 }
 
 int RAny::encodeTo(ByteWriter& w) {
-  if (m_bsElement.length() == 0) return -1;
+  const int n = elementLength();
+  if (n == 0) return -1;
   if (isSecret()) w.secret(true);
   if (m_ucTaggedType == ASN1_EXPLICIT) {
     unsigned char header[16];
-    const int nh = explicitHeader(static_cast<std::uint64_t>(m_bsElement.length()), header);
+    const int nh = explicitHeader(static_cast<std::uint64_t>(n), header);
     if (nh < 0) return -1;
     w.bytes(header, static_cast<std::size_t>(nh));
   }
-  w.bytes(m_bsElement);
+  writeElement(w);
   return 0;
 }
 
 ByteString& RAny::toASN1Object() {
   m_nErrorCode = 0;
-  if (m_bsElement.length() == 0) {
+  const ByteString& element = getElement();
+  if (element.length() == 0) {
     failAt(nullptr, "toASN1Object", "m_bsElement", R_ERR_FORMAT, asn1_msg::kFormatError);
     m_bsEncoded.clear();
   } else if (m_ucTaggedType != ASN1_EXPLICIT) {
-    m_bsEncoded = m_bsElement;
-  } else if (wrapExplicit(m_bsElement, &m_bsEncoded) != 0) {
+    m_bsEncoded = element;
+  } else if (wrapExplicit(element, &m_bsEncoded) != 0) {
     failAt(nullptr, "toASN1Object", "m_nOptionTagNo", R_ERR_FORMAT, asn1_msg::kFormatError);
     m_bsEncoded.clear();
   }

@@ -7,12 +7,13 @@
 
 void RChoice::select(const ASN1Object& member) {
   const RSchema& s = schema();
+  // Alternatives never built cannot be `member`; peeking leaves them unbuilt.
   for (int i = 0; i < s.nFields; ++i)
-    if (&s.fields[i].ref(const_cast<RChoice&>(*this)) == &member) m_nSelected = i;
+    if (s.fields[i].peek(*this) == &member) m_nSelected = i;
 }
 
 bool RChoice::isSelected(const ASN1Object& member) const {
-  return m_nSelected >= 0 && &schema().fields[m_nSelected].ref(const_cast<RChoice&>(*this)) == &member;
+  return m_nSelected >= 0 && schema().fields[m_nSelected].peek(*this) == &member;
 }
 
 std::int64_t RChoice::encodedLength() {

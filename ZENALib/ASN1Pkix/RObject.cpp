@@ -76,14 +76,39 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out) {
     out->setData(p + h.headerLength, first.totalLength);
 }
 
-RComponentWalk::RComponentWalk(unsigned char ucTag)
-    : m_pSeq(ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
-                                   : new (m_storage) ASN1Sequence()) {}
+RComponentWalk::RComponentWalk(unsigned char ucTag) : m_ucTag(ucTag) {}
 
-RComponentWalk::~RComponentWalk() { m_pSeq->~ASN1Sequence(); }
+RComponentWalk::~RComponentWalk() {
+  if (m_pSeq) m_pSeq->~ASN1Sequence();
+}
+
+ASN1Sequence& RComponentWalk::table() {
+  if (!m_pSeq)
+    m_pSeq = m_ucTag == ASN1_TAG_SET ? static_cast<ASN1Sequence*>(new (m_storage) ASN1Set())
+                                     : new (m_storage) ASN1Sequence();
+  return *m_pSeq;
+}
 
 int RComponentWalk::open(const unsigned char* pData, int nData) {
-  if (const int rc = m_pSeq->borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
+  // A universal SEQUENCE or SET with a definite length inside the input is
+  // what the sequence class would accept the same way; read it directly.
+  bool plain = false;
+  if (pData && nData >= 2 && pData[0] == (ASN1_CONSTRUCTED | m_ucTag)) {
+    if (pData[1] < 0x80) {
+      plain = pData[1] <= nData - 2;
+      m_pContent = pData + 2;
+      m_nContent = pData[1];
+    } else {
+      ByteReader h(pData + 1, static_cast<std::size_t>(nData - 1));
+      std::uint32_t len = 0;
+      bool indefinite = false;
+      plain = h.readLength(&len, &indefinite) == BS_OK && !indefinite && len <= h.remaining();
+      m_pContent = h.data();
+      m_nContent = static_cast<int>(len);
+    }
+  }
+  if (!plain)
+    if (const int rc = table().borrowContents(pData, nData, &m_pContent, &m_nContent)) return rc;
   ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
   int count = 0;
   while (!r.empty()) {
@@ -95,12 +120,20 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
     if (reserved || r.readTagLength(&t) != BS_OK || t.indefinite) {
       // The whole decode again, so a refusal carries the sequence's own trace.
       m_bTable = true;
-      if (const int rc = m_pSeq->borrowComponents(pData, nData)) return rc;
+      if (const int rc = table().borrowComponents(pData, nData)) return rc;
       m_nCount = m_pSeq->getComponentCount();
       return 0;
     }
     r.skip(t.contentLength);
-    if (count < kKept) m_anLength[count] = static_cast<int>(t.headerLength + t.contentLength);
+    if (count < kKept) {
+      RElementHeader& h = m_aHeader[count];
+      h.first = t.first;
+      h.tagNo = static_cast<int>(t.tagNo);
+      h.idLength = static_cast<int>(t.idLength);
+      h.headerLength = static_cast<int>(t.headerLength);
+      h.contentLength = static_cast<int>(t.contentLength);
+      h.totalLength = static_cast<int>(t.headerLength + t.contentLength);
+    }
     ++count;
   }
   m_nCount = count;
@@ -112,6 +145,19 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   if (m_bTable) {
     m_pSeq->getComponentBytes(m_nNext++, pp, pn);
     if (ph) *prc = RReadHeader(*pp, *pn, ph);
+    return true;
+  }
+  if (m_nNext < kKept) {
+    // Read while counting: a definite length within the contents.
+    const RElementHeader& kept = m_aHeader[m_nNext];
+    *pp = m_pContent + m_nOffset;
+    *pn = kept.totalLength;
+    if (ph) {
+      *ph = kept;
+      *prc = 0;
+    }
+    m_nOffset += *pn;
+    ++m_nNext;
     return true;
   }
   if (ph) {
@@ -134,14 +180,10 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
     return true;
   }
   *pp = m_pContent + m_nOffset;
-  if (m_nNext < kKept) {
-    *pn = m_anLength[m_nNext];
-  } else {
-    ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
-    TagLength t;
-    r.readTagLength(&t);  // vouched for by open()
-    *pn = static_cast<int>(t.headerLength + t.contentLength);
-  }
+  ByteReader r(*pp, static_cast<std::size_t>(m_nContent - m_nOffset));
+  TagLength t;
+  r.readTagLength(&t);  // vouched for by open()
+  *pn = static_cast<int>(t.headerLength + t.contentLength);
   m_nOffset += *pn;
   ++m_nNext;
   return true;
@@ -167,9 +209,8 @@ ByteString& RObject::finishEncoding(ASN1Sequence& seq, const RSchema* schema) {
 }
 
 void RObject::applyFieldTag(const RField& f) {
-  ASN1Object& m = f.ref(*this);
-  if (f.kind == RKind::Explicit) m.setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
-  if (f.kind == RKind::Implicit) m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  if (f.kind == RKind::Explicit) f.ref(*this).setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  if (f.kind == RKind::Implicit) f.ref(*this).setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
 }
 
 int RObject::explicitHeader(std::uint64_t nInner, unsigned char* out) const {
@@ -239,19 +280,6 @@ int RObject::encodeField(const RSchema* schema, const RField& f, ASN1Sequence& s
                                                                          : seq.addComponent(enc);
   if (rc != 0) return failAt(schema, "toASN1Object", "asnSeq", rc, seq.getErrorMessage().c_str());
   return 0;
-}
-
-bool RObject::fieldMatches(const RField& f, const RElementHeader& h) {
-  switch (f.kind) {
-    case RKind::Universal:
-      return h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo < 32 && ((f.tags >> h.tagNo) & 1u);
-    case RKind::Any:
-      return true;
-    case RKind::Explicit:
-    case RKind::Implicit:
-      return h.tagClass() == ASN1_CLASS_CONTEXT && h.tagNo == f.tag;
-  }
-  return false;
 }
 
 int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n) {

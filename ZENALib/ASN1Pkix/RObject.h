@@ -43,7 +43,9 @@ void RFirstComponentBytes(const ByteString& outer, ByteString* out);
 
 // The components of a constructed value as the engines walk them: the
 // contents are read in place, one element after another. open() decodes the
-// outer element exactly as ASN1Sequence (or ASN1Set) does; the components are
+// outer element exactly as ASN1Sequence (or ASN1Set) would (a plain SEQUENCE
+// or SET header with a definite length is read directly, anything else goes
+// through the sequence class itself); the components are
 // then counted with the bounded header reader, and only when one of them is
 // something that reader does not vouch for (an indefinite length, a reserved
 // tag) is the sequence's own component table built, so its result and its
@@ -57,26 +59,29 @@ class RComponentWalk {
   // The next component's element; false when none is left. With ph, its
   // header as RReadHeader reads it (0 there, or R_ERR_FORMAT).
   bool next(const unsigned char** pp, int* pn, RElementHeader* ph = nullptr, int* prc = nullptr);
-  const ASN1Sequence& sequence() const { return *m_pSeq; }
+  const ASN1Sequence& sequence() const { return const_cast<RComponentWalk*>(this)->table(); }
 
   RComponentWalk(const RComponentWalk&) = delete;
   RComponentWalk& operator=(const RComponentWalk&) = delete;
   ~RComponentWalk();
 
  private:
-  // Only the sequence class the tag asks for is built.
+  // The sequence is built only when the plain header read cannot vouch for
+  // the element, and then only the class the tag asks for.
+  ASN1Sequence& table();
   alignas(ASN1Set) unsigned char m_storage[sizeof(ASN1Set) > sizeof(ASN1Sequence) ? sizeof(ASN1Set)
                                                                                      : sizeof(ASN1Sequence)];
-  ASN1Sequence* m_pSeq;
+  ASN1Sequence* m_pSeq = nullptr;
+  unsigned char m_ucTag;
   const unsigned char* m_pContent = nullptr;
   int m_nContent = 0;
   int m_nCount = 0;
   int m_nNext = 0;
   int m_nOffset = 0;
   bool m_bTable = false;
-  // The lengths of the first components, found while counting.
+  // The headers of the first components, read while counting.
   static constexpr int kKept = 16;
-  int m_anLength[kKept];
+  RElementHeader m_aHeader[kKept];
 };
 
 class RObject : public ASN1Object {
@@ -110,7 +115,18 @@ class RObject : public ASN1Object {
   // failing code (recorded under the member's name).
   int decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n);
   // Whether the element with header h is the one field f expects.
-  static bool fieldMatches(const RField& f, const RElementHeader& h);
+  static bool fieldMatches(const RField& f, const RElementHeader& h) {
+    switch (f.kind) {
+      case RKind::Universal:
+        return h.tagClass() == ASN1_CLASS_UNIVERSAL && h.tagNo < 32 && ((f.tags >> h.tagNo) & 1u);
+      case RKind::Any:
+        return true;
+      case RKind::Explicit:
+      case RKind::Implicit:
+        return h.tagClass() == ASN1_CLASS_CONTEXT && h.tagNo == f.tag;
+    }
+    return false;
+  }
   // Puts field f's tag on its member before encoding or decoding.
   void applyFieldTag(const RField& f);
   // The element `inner` under this object's own explicit tag, into out.

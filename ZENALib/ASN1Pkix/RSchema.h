@@ -46,6 +46,8 @@ struct RField {
   int tag;             // universal tag (Universal) or context tag number (Explicit, Implicit)
   std::uint32_t tags;  // every accepted universal tag as a bit mask (Universal); 1 << tag for one
   unsigned flags;
+  // The member if it exists, without building one that is built on demand.
+  const ASN1Object* (*peek)(const ASN1Object& owner);
 };
 
 // Component-count rule of a class and its message, spelled as the class has it.
@@ -81,8 +83,16 @@ ASN1Object& RMemberRef(ASN1Object& owner) {
   return static_cast<C&>(owner).*Member;
 }
 
+// A plain member always exists; a holder of one built on demand overloads this.
+inline const ASN1Object* RMemberPeekOf(const ASN1Object& m) { return &m; }
+template <auto Member>
+const ASN1Object* RMemberPeek(const ASN1Object& owner) {
+  using C = typename RMemberOf<decltype(Member)>::Class;
+  return RMemberPeekOf(static_cast<const C&>(owner).*Member);
+}
+
 #define R_FIELD_IMPL(C, name, kind, tag, mask, flags) \
-  RField { #name, "m_" #name, &RMemberRef<&C::m_##name>, kind, tag, mask, flags }
+  RField { #name, "m_" #name, &RMemberRef<&C::m_##name>, kind, tag, mask, flags, &RMemberPeek<&C::m_##name> }
 
 // The list of a class: one row X(type, accessor name, member name, encoding,
 // flags) per component, in schema order; the encoding is UNIVERSAL(utag),

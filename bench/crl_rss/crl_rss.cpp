@@ -2,6 +2,8 @@
 //   crl_rss make FILE [N]     writes a CRL of N entries (CrlFixture.h, 100,000)
 //   crl_rss none FILE         reads the file only (the baseline)
 //   crl_rss ours FILE         reads it, parseCertList, looks every serial up
+//   crl_rss certlist FILE     reads it, decodes it into an RCertificateList and
+//                             reads the first, middle and last entries
 //   crl_rss openssl FILE      reads it, d2i_X509_CRL, X509_CRL_get0_by_serial
 // The process exits right after, so its peak is what the parsed CRL held.
 #include <cstdio>
@@ -11,6 +13,7 @@
 #include <string>
 
 #include "CrlFixture.h"
+#include "ZENALib/ASN1Pkix/RCertificateList.h"
 #include "ZENALib/QSProcess/PCertListProcess.h"
 
 int main(int argc, char** argv) {
@@ -38,6 +41,12 @@ int main(int argc, char** argv) {
       // Each serial read on its own so no entry stays decoded.
       if (p.getRevokedCertificate(i, &e) == 0 && p.isRevoked(e.serial, &at, &revoked) == 0) found += revoked;
     }
+  } else if (mode == "certlist") {
+    RCertificateList crl;
+    if (crl.fromASN1Object(der) != 0) return 1;
+    const RRevokedCertificates& list = crl.getTbsCertList().getRevokedCertificates();
+    for (int i : {0, list.getCount() / 2, list.getCount() - 1})
+      if (const RRevokedCertificate* e = list.getAt(i)) found += e->getUserCertificate().getValueLength() > 0;
   } else if (mode == "openssl") {
     const unsigned char* q = der.data();
     X509_CRL* crl = d2i_X509_CRL(nullptr, &q, der.length());

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "ZENALib/ASN1Pkix/RCertificateList.h"
 #include "ZENALib/ASN1Pkix/RECPrivateKey.h"
 #include "ZENALib/ASN1Pkix/RPrivateKeyInfo.h"
 #include "ZENALib/ASN1Pkix/RRSAPrivateKey.h"
@@ -28,6 +29,68 @@ TEST(Heap, DecodeAllocationsStayWithinTheRecord) {
     ASSERT_EQ(0, rc) << obj->getErrorMessage().c_str();
     EXPECT_LE(counts.allocations, std::stol(r.at("Allocations")) + std::stol(r.at("Slack")))
         << "allocations now: " << counts.allocations << " (" << counts.bytes << " bytes)";
+  }
+}
+
+// A decoded CRL keeps its entries as received: the heap is asked for a few
+// times the list's size, not for an object per entry; an entry built on
+// request reads like any other, and a change made to it is what the list
+// encodes while its neighbours stay as they were.
+TEST(Heap, DecodedCrlKeepsItsEntriesAsBytes) {
+  ASSERT_TRUE(qvatest::HeapHookAvailable());
+  RCertificateList crl;
+  ASSERT_EQ(0, crl.fromASN1Object(pkixtest::Load("x509/crls/v2-entries-rsa2048.der")));
+  RRevokedCertificates& list = crl.getTbsCertList().getRevokedCertificates();
+  ASSERT_GT(list.getCount(), 0);
+  const RRevokedCertificate model = *list.getAt(0);
+  list.removeAll();
+  constexpr int kEntries = 5000;
+  for (int i = 0; i < kEntries; ++i) {
+    RRevokedCertificate e = model;
+    e.setUserCertificate(ASN1Integer(0x10000 + i));
+    list.add(e);
+  }
+  const ByteString der = crl.toASN1Object();
+  ASSERT_GT(der.length(), kEntries * 10);
+
+  RCertificateList big;
+  qvatest::HeapHookStart();
+  const int rc = big.fromASN1Object(der);
+  const qvatest::HeapCounts counts = qvatest::HeapHookStop();
+  ASSERT_EQ(0, rc) << big.getErrorMessage().c_str();
+  EXPECT_LT(counts.bytes, 3L * der.length());
+  RRevokedCertificates& got = big.getTbsCertList().getRevokedCertificates();
+  ASSERT_EQ(kEntries, got.getCount());
+  EXPECT_EQ(nullptr, got.getAt(kEntries));
+  for (int i : {0, 4321, kEntries - 1})
+    EXPECT_EQ(ASN1Integer(0x10000 + i).getValue(), got.getAt(i)->getUserCertificate().getValue()) << i;
+  EXPECT_EQ(der, big.toASN1Object());
+
+  got.getAt(4321)->setUserCertificate(ASN1Integer(7));
+  RCertificateList again;
+  ASSERT_EQ(0, again.fromASN1Object(big.toASN1Object()));
+  const RRevokedCertificates& back = again.getTbsCertList().getRevokedCertificates();
+  ASSERT_EQ(kEntries, back.getCount());
+  EXPECT_EQ(ASN1Integer(7).getValue(), back.getAt(4321)->getUserCertificate().getValue());
+  for (int i : {0, 4320, 4322, kEntries - 1})
+    EXPECT_EQ(ASN1Integer(0x10000 + i).getValue(), back.getAt(i)->getUserCertificate().getValue()) << i;
+  EXPECT_EQ(static_cast<std::size_t>(kEntries), back.items().size());
+}
+
+// Every CRL of the tables encodes back to its own bytes from a list left as
+// received, and the same bytes once every entry is built.
+TEST(Heap, KeptAndBuiltRevokedListsEncodeAlike) {
+  const auto files = qvatest::DerFiles(qvatest::DataPath("pkix/x509/crls"));
+  ASSERT_FALSE(files.empty());
+  for (const std::string& file : files) {
+    SCOPED_TRACE(file);
+    const ByteString der = qvatest::ReadFileBs(file);
+    RCertificateList kept, built;
+    ASSERT_EQ(0, kept.fromASN1Object(der)) << kept.getErrorMessage().c_str();
+    ASSERT_EQ(0, built.fromASN1Object(der));
+    built.getTbsCertList().getRevokedCertificates().items();
+    EXPECT_EQ(der, kept.toASN1Object());
+    EXPECT_EQ(der, built.toASN1Object());
   }
 }
 
