@@ -233,6 +233,17 @@ TEST(SignedData, Refusals) {
                    0);
        }),
        0, nullptr},
+      // Revocation information beside the certificates: a CRL and an OCSP
+      // response (the other form, [1]).
+      {"a CRL and an OCSP response in crls", edit([](RSignedData& sd) {
+         RRevocationInfoChoice crl, ocsp;
+         EXPECT_EQ(crl.fromASN1Object(qvatest::ReadFileBs(qvatest::DataPath("crl/full.der"))), 0);
+         EXPECT_EQ(ocsp.fromASN1Object(processtest::HexBs("A10C 0608 2B06010505071002 3000")), 0);
+         sd.getCrls().add(crl);
+         sd.getCrls().add(ocsp);
+         sd.setPresent(sd.getCrls(), true);
+       }),
+       0, nullptr},
       {"SHA-512 digest", edit([](RSignedData& sd) {
          RAlgorithmIdentifier sha512;
          sha512.getAlgorithm().setOID("2 16 840 1 101 3 4 2 3");
