@@ -128,8 +128,16 @@ ByteString Session::Handle(const ByteString& record, RequestLog* log) {
     case RECORD_HANDSHAKE: {
       log->kind = "HANDSHAKE";
       if (!services_.certificate) return Alert("no handshake offered", log);
+      // The server half only: a hello, then the key exchange answering it.
+      // The client's steps sent to the server are refused, not run.
+      const int step = record.length() > 6 ? record.data()[6] : -1;
+      if (step != CLSecureManager::kClientHello && step != CLSecureManager::kClientKeyExchange)
+        return Alert("unexpected handshake message", log);
+      if (step == CLSecureManager::kClientKeyExchange && !helloSeen_) return Alert("key exchange before hello", log);
+      helloSeen_ = false;
       bool more = false;
       if (manager_->ProcessHandshake(record, &more) != 0) return Alert("handshake failed", log);
+      helloSeen_ = step == CLSecureManager::kClientHello;
       log->verdict = "ok";
       return manager_->TakeOutput();
     }
