@@ -55,8 +55,7 @@ class Daemon {
     if (out_)
       reader_ = std::thread([this] {
         char line[512];
-        while (std::fgets(line, sizeof line, out_)) {
-        }
+        while (std::fgets(line, sizeof line, out_)) log_ += line;
       });
   }
   ~Daemon() {
@@ -65,6 +64,11 @@ class Daemon {
     if (out_) std::fclose(out_);
   }
   int port() const { return port_; }
+  // The access log, whole once the process has stopped.
+  std::string Log() {
+    if (reader_.joinable()) reader_.join();
+    return log_;
+  }
   bool Alive() const { return pid_ > 0 && ::waitpid(pid_, nullptr, WNOHANG) == 0; }
   // Open descriptors of the process, or -1.
   int OpenFiles() const {
@@ -86,6 +90,7 @@ class Daemon {
   int port_ = 0;
   FILE* out_ = nullptr;
   std::thread reader_;
+  std::string log_;
 };
 
 int Connect(int port) {
@@ -115,10 +120,12 @@ std::string Frame(const std::string& record) {
 }
 
 // A plain record around a roaming message of type 106 whose identifier is
-// `id` (echoed in the answer) and whose body does not parse as an item list.
-std::string PlainRequest(const std::string& id = "tester") {
+// `id` (echoed in the answer), by default with a body that does not parse
+// as an item list.
+std::string PlainRequest(const std::string& id = "tester", const std::string& items = "??") {
   CLRoamingMessage m;
-  const ByteString ident(id.data(), static_cast<int>(id.size())), ref(""), body("??");
+  const ByteString ident(id.data(), static_cast<int>(id.size())), ref(""),
+      body(items.data(), static_cast<int>(items.size()));
   CLSecureManager manager(nullptr, nullptr);
   if (m.MakeRoamingMessage(106, 0, &ident, &ref, &body) != 0 || manager.MakePlainData(m.GetMessage()) != 0) return {};
   return Str(manager.TakeOutput());
@@ -200,6 +207,8 @@ TEST_F(HostileClient, FramesAndInnerLengths) {
   shortRoaming.resize(shortRoaming.size() - 3);
   shortRoaming[5] = static_cast<char>(shortRoaming[5] - 3);
   shortRoaming[9] = static_cast<char>(shortRoaming[9] - 3);
+  // Two items: a kind that would end its access-log line and forge another, and a certificate.
+  const std::string forged = std::string("\0\0\0\2\0\0\0\x0aX\nforged \xff\0\0\0\1x", 23);
   const struct {
     const char* name;
     std::string bytes;
@@ -220,6 +229,7 @@ TEST_F(HostileClient, FramesAndInnerLengths) {
       {"two frames back to back", Frame(request) + Frame(request), false, "PPC"},
       {"half-closed after a request", Frame(request), true, "PC"},
       {"unknown record type", Frame("\x42" + request.substr(1)), false, "LC"},
+      {"kind with a line break", Frame(PlainRequest("tester", forged)), false, "PC"},
   };
   for (const auto& c : cases) {
     const int fd = Connect(server.port());
@@ -231,6 +241,9 @@ TEST_F(HostileClient, FramesAndInnerLengths) {
   }
   EXPECT_TRUE(Answers(server.port()));
   EXPECT_EQ(server.Stop(), 0);
+  const std::string log = server.Log();
+  EXPECT_EQ(log.find("\nforged"), std::string::npos);
+  EXPECT_NE(log.find(" kind=X?forged?? "), std::string::npos);
 }
 
 // --max-connections alone: the connection past the limit is closed at once

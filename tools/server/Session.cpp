@@ -62,7 +62,11 @@ Result Session::Decide(int type, const std::vector<ByteString>& items, RequestLo
   if (type == kValidation) {
     if (items.size() != 2) return {kMalformedRequest, "a validation carries two items"};
     const std::string kind = Str(items[0]);
-    log->kind = kind.size() <= 16 ? kind : kind.substr(0, 16);
+    // The client's bytes go into a log line: anything but printable ASCII
+    // becomes '?', so a kind cannot end the line or forge another.
+    log->kind = kind.substr(0, 16);
+    for (char& ch : log->kind)
+      if (ch <= ' ' || ch > '~') ch = '?';
     if (kind == "CERT") return validator->ValidateCertificate(items[1]);
     if (kind == "SIGNED") {
       ByteString signer;
