@@ -75,6 +75,12 @@ class Daemon {
     return pid_ > 0 && ::waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
            info.si_pid == 0;
   }
+  // Resident memory in KiB, or -1.
+  long ResidentKiB() const {
+    const std::string status = qvatest::ReadFile("/proc/" + std::to_string(pid_) + "/status");
+    const std::size_t at = status.find("VmRSS:");
+    return at == std::string::npos ? -1 : std::stol(status.substr(at + 6));
+  }
   // Open descriptors of the process, or -1.
   int OpenFiles() const {
     std::string out;
@@ -376,6 +382,31 @@ TEST_F(HostileClient, DescriptorsComeBack) {
   for (const int fd : flood) ::close(fd);
   EXPECT_TRUE(Answers(starved.port())) << "accepting did not resume after running out of descriptors";
   EXPECT_EQ(starved.Stop(), 0);
+}
+
+// Frames announced at the largest --max-frame and left unsent cost the
+// server what was sent, not what was announced (16 x 64 MiB here), and a
+// frame larger than one read is still read whole.
+TEST_F(HostileClient, AnnouncedLengthsAreNotReserved) {
+  Daemon server(Args({"--max-frame", "67108864", "--read-timeout", "10000"}));
+  ASSERT_NE(server.port(), 0);
+  std::vector<int> held;
+  for (int i = 0; i < 16; ++i) {
+    held.push_back(Connect(server.port()));
+    Send(held.back(), std::string("\x04\x00\x00\x00", 4) + std::string(1000, '\x14'));
+  }
+  EXPECT_TRUE(Answers(server.port()));
+  // A whole frame of several read chunks is still answered.
+  const int big = Connect(server.port());
+  Send(big, Frame(PlainRequest("tester", std::string(200000, '?'))));
+  ::shutdown(big, SHUT_WR);
+  EXPECT_EQ(Outcome(big), "PC");
+  ::close(big);
+  const long rss = server.ResidentKiB();
+  EXPECT_GT(rss, 0);
+  EXPECT_LT(rss, 256 * 1024);
+  for (const int fd : held) ::close(fd);
+  EXPECT_EQ(server.Stop(), 0);
 }
 
 // Handshake records out of their place are answered with an alert; a client

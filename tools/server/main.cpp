@@ -148,18 +148,26 @@ void Connection::ReadHeader() {
       AccessLog(self->peer_, log, 0);
       return self->Close();
     }
+    self->body_.clear();
     self->ReadBody(n);
   });
 }
 
+// The body grows as its bytes arrive, so an announced length costs memory
+// only once the client has sent that much.
 void Connection::ReadBody(std::uint32_t n) {
   auto self = shared_from_this();
-  body_.resize(n);
-  asio::async_read(socket_, asio::buffer(body_), [self](const asio::error_code& ec, std::size_t) {
-    self->deadline_.cancel();
-    if (ec) return self->Close();
-    self->Process();
-  });
+  constexpr std::size_t kChunk = 64 * 1024;
+  const std::size_t have = body_.size();
+  const std::size_t chunk = std::min<std::size_t>(n - have, kChunk);
+  body_.resize(have + chunk);
+  asio::async_read(socket_, asio::buffer(body_.data() + have, chunk),
+                   [self, n](const asio::error_code& ec, std::size_t) {
+                     if (ec) return self->Close();
+                     if (self->body_.size() < n) return self->ReadBody(n);
+                     self->deadline_.cancel();
+                     self->Process();
+                   });
 }
 
 void Connection::Process() {
@@ -169,6 +177,8 @@ void Connection::Process() {
     const auto start = Clock::now();
     qvaserver::RequestLog log;
     const ByteString record(self->body_.data(), static_cast<int>(self->body_.size()));
+    // An idle connection does not keep its largest frame's buffer.
+    std::vector<unsigned char>().swap(self->body_);
     const ByteString answer = self->session_.Handle(record, &log);
     const long long micros =
         std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
