@@ -1,20 +1,48 @@
 // The validation server's request handling on arbitrary records: every
 // record gets an answer, and an answer that is not an alert is a plain
 // record whose roaming message parses and whose item list is ["0"] or a
-// verdict code of the server's range with its explanation.
+// verdict code of the server's range with its explanation. The same bytes,
+// read as a run of length-prefixed frames, then drive one session that offers
+// the handshake: whatever their order, every record gets a non-empty answer.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "fuzz/EnvelopedIdentity.h"
 #include "libaibase/clroamingmessage.h"
 #include "libaibase/clsecuremanager.h"
 #include "tools/server/Session.h"
 #include "tools/server/Validator.h"
 
+namespace {
+
+void Frames(const std::uint8_t* data, std::size_t size) {
+  static const ByteString cert(fuzzid::kCert, sizeof fuzzid::kCert);
+  static const ByteString key(fuzzid::kKey, sizeof fuzzid::kKey);
+  static qvaserver::Validator validator;
+  qvaserver::Services services;
+  services.validator = &validator;
+  services.certificate = &cert;
+  services.privateKey = &key;
+  qvaserver::Session session(services);
+  // A 2-byte length before each record keeps the frames small enough to come in numbers.
+  while (size >= 2) {
+    const std::size_t n = std::min<std::size_t>((std::size_t{data[0]} << 8 | data[1]), size - 2);
+    qvaserver::RequestLog log;
+    if (session.Handle(ByteString(data + 2, static_cast<int>(n)), &log).length() == 0) std::abort();
+    data += 2 + n;
+    size -= 2 + n;
+  }
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > (1u << 20)) return 0;
+  Frames(data, size);
   // No anchors: every certificate that parses ends as untrusted, which is
   // enough to drive the parsing of requests, lists and certificates.
   static qvaserver::Validator validator;

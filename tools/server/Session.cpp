@@ -62,7 +62,11 @@ Result Session::Decide(int type, const std::vector<ByteString>& items, RequestLo
   if (type == kValidation) {
     if (items.size() != 2) return {kMalformedRequest, "a validation carries two items"};
     const std::string kind = Str(items[0]);
-    log->kind = kind.size() <= 16 ? kind : kind.substr(0, 16);
+    // The client's bytes go into a log line: anything but printable ASCII
+    // becomes '?', so a kind cannot end the line or forge another.
+    log->kind = kind.substr(0, 16);
+    for (char& ch : log->kind)
+      if (ch <= ' ' || ch > '~') ch = '?';
     if (kind == "CERT") return validator->ValidateCertificate(items[1]);
     if (kind == "SIGNED") {
       ByteString signer;
@@ -128,8 +132,16 @@ ByteString Session::Handle(const ByteString& record, RequestLog* log) {
     case RECORD_HANDSHAKE: {
       log->kind = "HANDSHAKE";
       if (!services_.certificate) return Alert("no handshake offered", log);
+      // The server half only: a hello, then the key exchange answering it.
+      // The client's steps sent to the server are refused, not run.
+      const int step = record.length() > 6 ? record.data()[6] : -1;
+      if (step != CLSecureManager::kClientHello && step != CLSecureManager::kClientKeyExchange)
+        return Alert("unexpected handshake message", log);
+      if (step == CLSecureManager::kClientKeyExchange && !helloSeen_) return Alert("key exchange before hello", log);
+      helloSeen_ = false;
       bool more = false;
       if (manager_->ProcessHandshake(record, &more) != 0) return Alert("handshake failed", log);
+      helloSeen_ = step == CLSecureManager::kClientHello;
       log->verdict = "ok";
       return manager_->TakeOutput();
     }

@@ -61,6 +61,7 @@ class Session {
 
   Services services_;
   std::unique_ptr<CLSecureManager> manager_;
+  bool helloSeen_ = false;  // a hello was answered and its key exchange is awaited
 };
 
 }  // namespace qvaserver

@@ -4,6 +4,8 @@
 #include <CLI/CLI.hpp>
 #include <asio.hpp>
 
+#include <signal.h>
+
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -84,6 +86,7 @@ class Server {
   qvaserver::Services services_;
   std::set<Connection*> live_;
   std::vector<std::weak_ptr<Connection>> all_;
+  asio::steady_timer retry_{io_};
   bool stopping_ = false;
   friend class Connection;
 };
@@ -120,7 +123,8 @@ void Connection::Close() {
   socket_.close(ec);
 }
 
-// A client that does not send a whole frame in time is dropped.
+// A client that does not send a whole frame in time, or does not take its
+// answer in as long, is dropped.
 void Connection::Arm() {
   auto self = shared_from_this();
   deadline_.expires_after(std::chrono::milliseconds(server_->limits().readTimeoutMs));
@@ -144,18 +148,26 @@ void Connection::ReadHeader() {
       AccessLog(self->peer_, log, 0);
       return self->Close();
     }
+    self->body_.clear();
     self->ReadBody(n);
   });
 }
 
+// The body grows as its bytes arrive, so an announced length costs memory
+// only once the client has sent that much.
 void Connection::ReadBody(std::uint32_t n) {
   auto self = shared_from_this();
-  body_.resize(n);
-  asio::async_read(socket_, asio::buffer(body_), [self](const asio::error_code& ec, std::size_t) {
-    self->deadline_.cancel();
-    if (ec) return self->Close();
-    self->Process();
-  });
+  constexpr std::size_t kChunk = 64 * 1024;
+  const std::size_t have = body_.size();
+  const std::size_t chunk = std::min<std::size_t>(n - have, kChunk);
+  body_.resize(have + chunk);
+  asio::async_read(socket_, asio::buffer(body_.data() + have, chunk),
+                   [self, n](const asio::error_code& ec, std::size_t) {
+                     if (ec) return self->Close();
+                     if (self->body_.size() < n) return self->ReadBody(n);
+                     self->deadline_.cancel();
+                     self->Process();
+                   });
 }
 
 void Connection::Process() {
@@ -165,6 +177,8 @@ void Connection::Process() {
     const auto start = Clock::now();
     qvaserver::RequestLog log;
     const ByteString record(self->body_.data(), static_cast<int>(self->body_.size()));
+    // An idle connection does not keep its largest frame's buffer.
+    std::vector<unsigned char>().swap(self->body_);
     const ByteString answer = self->session_.Handle(record, &log);
     const long long micros =
         std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
@@ -178,8 +192,11 @@ void Connection::Process() {
     asio::post(self->server_->io(), [self, log, micros, out = std::move(out)]() mutable {
       AccessLog(self->peer_, log, micros);
       self->out_ = std::move(out);
+      // A peer that never reads would otherwise hold the connection forever.
+      self->Arm();
       asio::async_write(self->socket_, asio::buffer(self->out_), [self](const asio::error_code& ec, std::size_t) {
         self->busy_ = false;
+        self->deadline_.cancel();
         if (ec) return self->Close();
         self->ReadHeader();
       });
@@ -189,7 +206,16 @@ void Connection::Process() {
 
 void Server::Accept() {
   acceptor_.async_accept([this](const asio::error_code& ec, tcp::socket socket) {
-    if (ec) return;  // the acceptor was closed
+    if (ec == asio::error::operation_aborted || !acceptor_.is_open()) return;  // the acceptor was closed
+    if (ec) {
+      // Out of descriptors or memory: the pending connection stays queued, so
+      // accepting resumes after a pause instead of spinning or stopping for good.
+      retry_.expires_after(std::chrono::milliseconds(50));
+      retry_.async_wait([this](const asio::error_code& e) {
+        if (!e && !stopping_) Accept();
+      });
+      return;
+    }
     // Expired connections are forgotten before counting the live ones.
     std::vector<std::weak_ptr<Connection>> kept;
     for (auto& w : all_)
@@ -213,6 +239,7 @@ void Server::Stop() {
   stopping_ = true;
   asio::error_code ec;
   acceptor_.close(ec);
+  retry_.cancel();
   for (auto& w : all_)
     if (auto c = w.lock())
       if (!c->busy()) c->Close();
@@ -297,6 +324,8 @@ int main(int argc, char** argv) {
   CLI11_PARSE(app, argc, argv);
 
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
+  // A peer that resets mid-answer must cost its connection, not the process.
+  ::signal(SIGPIPE, SIG_IGN);
   if (!timeText.empty() && !ParseTime(timeText, &config.fixedTime)) {
     std::fprintf(stderr, "qva-server: --time %s is not a time\n", timeText.c_str());
     return 2;
