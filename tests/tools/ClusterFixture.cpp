@@ -38,51 +38,6 @@ bool Query(const std::string& uri, const char* sql, std::vector<std::string>* ro
 #endif
 }
 
-ServerProcess::ServerProcess(const std::vector<std::string>& args) {
-  int fds[2];
-  if (::pipe(fds) != 0) return;
-  std::vector<char*> argv{const_cast<char*>(QVA_SERVER)};
-  for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-  argv.push_back(nullptr);
-  pid_ = ::fork();
-  if (pid_ == 0) {
-    ::dup2(fds[1], 1);
-    ::close(fds[0]);
-    ::execv(QVA_SERVER, argv.data());
-    _exit(127);
-  }
-  ::close(fds[1]);
-  out_ = ::fdopen(fds[0], "r");
-  if (!out_ || std::fscanf(out_, "listening on 127.0.0.1:%d", &port_) != 1) port_ = 0;
-  // Drained as it comes, so a full pipe never holds the server up.
-  if (out_)
-    reader_ = std::thread([this] {
-      char line[1024];
-      while (std::fgets(line, sizeof line, out_)) {
-        std::lock_guard<std::mutex> guard(lock_);
-        log_ += line;
-      }
-    });
-}
-
-ServerProcess::~ServerProcess() {
-  Stop(SIGTERM);
-  if (reader_.joinable()) reader_.join();
-  if (out_) std::fclose(out_);
-}
-
-void ServerProcess::Stop(int sig) {
-  if (pid_ <= 0) return;
-  ::kill(pid_, sig);
-  ::waitpid(pid_, nullptr, 0);
-  pid_ = -1;
-}
-
-std::string ServerProcess::Log() {
-  std::lock_guard<std::mutex> guard(lock_);
-  return log_;
-}
-
 struct LeafFactory::Keys {
   EVP_PKEY* root = nullptr;
   EVP_PKEY* leaf = nullptr;

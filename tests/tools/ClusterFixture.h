@@ -13,29 +13,9 @@
 #include <vector>
 
 #include "tests/support/PgCluster.h"
+#include "tests/tools/ServerProcess.h"
 
 namespace qvatest {
-
-// A qva-server process; its access log is collected as it comes.
-class ServerProcess {
- public:
-  explicit ServerProcess(const std::vector<std::string>& args);
-  ~ServerProcess();
-  ServerProcess(const ServerProcess&) = delete;
-  ServerProcess& operator=(const ServerProcess&) = delete;
-  int port() const { return port_; }
-  // Sends the signal and waits for the process.
-  void Stop(int sig);
-  std::string Log();
-
- private:
-  pid_t pid_ = -1;
-  int port_ = 0;
-  FILE* out_ = nullptr;
-  std::thread reader_;
-  std::mutex lock_;
-  std::string log_;
-};
 
 // A root CA (RSA-2048) in DIR/anchors and leaves it signs, made with libcrypto.
 class LeafFactory {

@@ -23,94 +23,13 @@
 #include "libaibase/clroamingmessage.h"
 #include "libaibase/clsecuremanager.h"
 #include "tests/support/TestUtil.h"
+#include "tests/tools/ServerProcess.h"
 
 namespace {
 
 using qvatest::Str;
 
-// A qva-server process, optionally with a low descriptor limit; stopped with
-// SIGTERM when destroyed. Its output is drained so a full pipe never stalls it.
-class Daemon {
- public:
-  explicit Daemon(const std::vector<std::string>& args, rlim_t maxFiles = 0) {
-    int fds[2];
-    if (::pipe(fds) != 0) return;
-    pid_ = ::fork();
-    if (pid_ == 0) {
-      ::dup2(fds[1], 1);
-      ::close(fds[0]);
-      if (maxFiles) {
-        const rlimit r{maxFiles, maxFiles};
-        ::setrlimit(RLIMIT_NOFILE, &r);
-      }
-      std::vector<char*> argv{const_cast<char*>(QVA_SERVER)};
-      for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-      argv.push_back(nullptr);
-      ::execv(QVA_SERVER, argv.data());
-      _exit(127);
-    }
-    ::close(fds[1]);
-    out_ = ::fdopen(fds[0], "r");
-    if (!out_ || std::fscanf(out_, "listening on 127.0.0.1:%d", &port_) != 1) port_ = 0;
-    if (out_)
-      reader_ = std::thread([this] {
-        char line[512];
-        while (std::fgets(line, sizeof line, out_)) log_ += line;
-      });
-  }
-  ~Daemon() {
-    if (pid_ > 0) Stop();
-    if (reader_.joinable()) reader_.join();
-    if (out_) std::fclose(out_);
-  }
-  int port() const { return port_; }
-  // The access log, whole once the process has stopped.
-  std::string Log() {
-    if (reader_.joinable()) reader_.join();
-    return log_;
-  }
-  // Still running (a process that ended is left for Stop to collect).
-  bool Alive() const {
-    siginfo_t info{};
-    return pid_ > 0 && ::waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
-           info.si_pid == 0;
-  }
-  // Resident memory in KiB, or -1.
-  long ResidentKiB() const {
-    const std::string status = qvatest::ReadFile("/proc/" + std::to_string(pid_) + "/status");
-    const std::size_t at = status.find("VmRSS:");
-    return at == std::string::npos ? -1 : std::stol(status.substr(at + 6));
-  }
-  // Open descriptors of the process, or -1.
-  int OpenFiles() const {
-    std::string out;
-    if (qvatest::Run("ls /proc/" + std::to_string(pid_) + "/fd | wc -l", &out) != 0) return -1;
-    return std::atoi(out.c_str());
-  }
-  // SIGTERM; the exit status, -1 for a death by signal, or -2 when it had
-  // not exited 15 s later (it is then killed).
-  int Stop() {
-    ::kill(pid_, SIGTERM);
-    int status = 0;
-    pid_t done = 0;
-    for (int i = 0; i < 150 && (done = ::waitpid(pid_, &status, WNOHANG)) == 0; ++i)
-      std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    if (done == 0) {
-      ::kill(pid_, SIGKILL);
-      ::waitpid(pid_, &status, 0);
-    }
-    pid_ = -1;
-    if (done < 0) return -1;
-    return done == 0 ? -2 : WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
- private:
-  pid_t pid_ = -1;
-  int port_ = 0;
-  FILE* out_ = nullptr;
-  std::thread reader_;
-  std::string log_;
-};
+using Daemon = qvatest::ServerProcess;
 
 int Connect(int port) {
   const int fd = ::socket(AF_INET, SOCK_STREAM, 0);

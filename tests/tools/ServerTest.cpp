@@ -26,71 +26,14 @@
 #include "libqvaclient/csecuretunnel.h"
 #include "qva/qva.h"
 #include "tests/support/TestUtil.h"
+#include "tests/tools/ServerProcess.h"
 
 namespace {
 
 
 using qvatest::Str;
 
-// A qva-server process; stopped with SIGTERM (or killed) when destroyed.
-class ServerProcess {
- public:
-  explicit ServerProcess(const std::vector<std::string>& args) {
-    int fds[2];
-    if (::pipe(fds) != 0) return;
-    pid_ = ::fork();
-    if (pid_ == 0) {
-      ::dup2(fds[1], 1);
-      ::close(fds[0]);
-      std::vector<char*> argv{const_cast<char*>(QVA_SERVER)};
-      for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-      argv.push_back(nullptr);
-      ::execv(QVA_SERVER, argv.data());
-      _exit(127);
-    }
-    ::close(fds[1]);
-    out_ = ::fdopen(fds[0], "r");
-    if (!out_ || std::fscanf(out_, "listening on 127.0.0.1:%d", &port_) != 1) port_ = 0;
-    // The access log is drained as it comes, so a full pipe never holds the server up.
-    if (out_)
-      reader_ = std::thread([this] {
-        char line[512];
-        while (std::fgets(line, sizeof line, out_)) log_ += line;
-      });
-  }
-  ~ServerProcess() {
-    if (pid_ > 0) Stop(SIGTERM);
-    if (reader_.joinable()) reader_.join();
-    if (out_) std::fclose(out_);
-  }
-  int port() const { return port_; }
-  // Resident memory in KiB (from /proc), or -1.
-  long ResidentKiB() const {
-    const std::string status = qvatest::ReadFile("/proc/" + std::to_string(pid_) + "/status");
-    const std::size_t at = status.find("VmRSS:");
-    return at == std::string::npos ? -1 : std::stol(status.substr(at + 6));
-  }
-  // Sends the signal and returns the exit status (-1 for a signal death).
-  int Stop(int sig) {
-    ::kill(pid_, sig);
-    int status = 0;
-    ::waitpid(pid_, &status, 0);
-    pid_ = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-  // The rest of the server's standard output (after it stopped).
-  std::string Output() {
-    if (reader_.joinable()) reader_.join();
-    return log_;
-  }
-
- private:
-  pid_t pid_ = -1;
-  int port_ = 0;
-  FILE* out_ = nullptr;
-  std::thread reader_;
-  std::string log_;
-};
+using qvatest::ServerProcess;
 
 std::string GetText(int (*get)(void*, char*, int*), void* client) {
   char buf[8192];
@@ -354,7 +297,7 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
   }
   // The access log has one line per request with its verdict.
   EXPECT_EQ(server.Stop(SIGTERM), 0);
-  const std::string log = server.Output();
+  const std::string log = server.Log();
   EXPECT_NE(log.find("type=106 kind=CERT verdict=5008 us="), std::string::npos) << log;
   EXPECT_NE(log.find("type=106 kind=XYZ verdict=5002 us="), std::string::npos) << log;
   EXPECT_NE(log.find("stopped"), std::string::npos) << log;
@@ -608,7 +551,7 @@ TEST_F(Server, ServesClientsBesideHostileOnes) {
   EXPECT_GT(rss, 0);
   EXPECT_LT(rss, 1024 * 1024);
   EXPECT_EQ(server.Stop(SIGTERM), 0);
-  const std::string log = server.Output();
+  const std::string log = server.Log();
   EXPECT_NE(log.find("dropped: frame of 4294967295 bytes"), std::string::npos);
 }
 
