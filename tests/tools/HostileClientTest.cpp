@@ -31,18 +31,7 @@ using qvatest::Str;
 
 using Daemon = qvatest::ServerProcess;
 
-int Connect(int port) {
-  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in sa{};
-  sa.sin_family = AF_INET;
-  sa.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  sa.sin_port = htons(static_cast<std::uint16_t>(port));
-  if (::connect(fd, reinterpret_cast<sockaddr*>(&sa), sizeof sa) != 0) {
-    ::close(fd);
-    return -1;
-  }
-  return fd;
-}
+using qvatest::Connect;
 
 void Send(int fd, const std::string& bytes) {
   if (!bytes.empty()) {

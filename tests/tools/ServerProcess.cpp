@@ -1,6 +1,8 @@
 #include "tests/tools/ServerProcess.h"
 
+#include <netinet/in.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -88,6 +90,19 @@ int ServerProcess::Stop(int sig) {
   pid_ = -1;
   if (done < 0) return -1;
   return done == 0 ? -2 : WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+int Connect(int port) {
+  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in sa{};
+  sa.sin_family = AF_INET;
+  sa.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  sa.sin_port = htons(static_cast<std::uint16_t>(port));
+  if (::connect(fd, reinterpret_cast<sockaddr*>(&sa), sizeof sa) != 0) {
+    ::close(fd);
+    return -1;
+  }
+  return fd;
 }
 
 }  // namespace qvatest

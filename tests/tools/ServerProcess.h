@@ -47,4 +47,7 @@ class ServerProcess {
   std::string log_;
 };
 
+// A TCP connection to 127.0.0.1:port, or -1.
+int Connect(int port);
+
 }  // namespace qvatest

@@ -79,18 +79,7 @@ long Rows(const std::string& db) {
   return n;
 }
 
-int Connect(int port) {
-  const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in sa{};
-  sa.sin_family = AF_INET;
-  sa.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  sa.sin_port = htons(static_cast<std::uint16_t>(port));
-  if (::connect(fd, reinterpret_cast<sockaddr*>(&sa), sizeof sa) != 0) {
-    ::close(fd);
-    return -1;
-  }
-  return fd;
-}
+using qvatest::Connect;
 
 std::string Frame(const ByteString& record) {
   const auto n = static_cast<std::uint32_t>(record.length());
