@@ -27,6 +27,7 @@
 #include "base/QSBase.h"
 #include "tools/qva/cms_enveloped.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/args.h"
 #include "tools/qva/messages.h"
 
 // Reads DER, or PEM/Base64 text (lines of "-----" dropped), whole; shared
@@ -155,23 +156,9 @@ int DispatchEnvelopedData(const ByteString& der, const char* certPath, const cha
 }  // namespace
 
 int RunCmsCommand(int argc, char** argv) {
-  const char* file = nullptr;
   const char *contentPath = nullptr, *certPath = nullptr, *keyPath = nullptr;
-  for (int i = 2; i < argc; ++i) {
-    const bool more = i + 1 < argc;
-    if (std::strcmp(argv[i], "--content") == 0 && more) {
-      contentPath = argv[++i];
-    } else if (std::strcmp(argv[i], "--cert") == 0 && more) {
-      certPath = argv[++i];
-    } else if (std::strcmp(argv[i], "--key") == 0 && more) {
-      keyPath = argv[++i];
-    } else if (!file && argv[i][0] != '-') {
-      file = argv[i];
-    } else {
-      file = nullptr;
-      break;
-    }
-  }
+  const char* file =
+      ReadFileAndOptions(argc, argv, {{"--content", &contentPath}, {"--cert", &certPath}, {"--key", &keyPath}});
   if (!file) {
     std::fputs("usage: qva cms FILE [--content DATA] [--cert C] [--key K]\n", stderr);
     return 2;

@@ -24,6 +24,7 @@
 #include "ZENALib/QSProcess/UDNSettings.h"
 #include "base/QSBase.h"
 #include "tools/qva/platform/display.h"
+#include "tools/qva/args.h"
 #include "tools/qva/messages.h"
 
 namespace {
@@ -157,21 +158,9 @@ void PrintCrl(PCertListProcess& crl) {
 }  // namespace
 
 int RunCrlCommand(int argc, char** argv) {
-  const char* file = nullptr;
   const char* issuerPath = nullptr;
   const char* serialText = nullptr;
-  for (int i = 2; i < argc; ++i) {
-    if (std::strcmp(argv[i], "--issuer") == 0 && i + 1 < argc) {
-      issuerPath = argv[++i];
-    } else if (std::strcmp(argv[i], "--serial") == 0 && i + 1 < argc) {
-      serialText = argv[++i];
-    } else if (!file && argv[i][0] != '-') {
-      file = argv[i];
-    } else {
-      file = nullptr;
-      break;
-    }
-  }
+  const char* file = ReadFileAndOptions(argc, argv, {{"--issuer", &issuerPath}, {"--serial", &serialText}});
   if (!file) {
     std::fputs("usage: qva crl FILE [--issuer CERT] [--serial HEX]\n", stderr);
     return 2;
