@@ -12,19 +12,13 @@
 #include <sstream>
 #include <string>
 
+#include "bench/BenchData.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
 
 namespace {
 
 const ByteString& Certificate() {
-  static const ByteString der = [] {
-    std::ifstream in(std::string(QVA_SOURCE_DIR) + "/tests/data/pkix/x509/korean/certs/test_KTNET_signCert.der",
-                     std::ios::binary);
-    std::ostringstream ss;
-    ss << in.rdbuf();
-    const std::string s = ss.str();
-    return ByteString(s.data(), static_cast<int>(s.size()));
-  }();
+  static const ByteString der = ReadSourceFile("/tests/data/pkix/x509/korean/certs/test_KTNET_signCert.der");
   return der;
 }
 

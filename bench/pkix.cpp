@@ -7,23 +7,14 @@
 #include <sstream>
 #include <string>
 
+#include "bench/BenchData.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 
 namespace {
 
 // A real Korean PKI user certificate (RSA-2048, policies with BMPString notices).
 const ByteString& Certificate() {
-  static const ByteString der = [] {
-    for (const char* path : {"/tests/data/pkix/cms/korean/test_KTNET_signCert.der"}) {
-      std::ifstream in(std::string(QVA_SOURCE_DIR) + path, std::ios::binary);
-      if (!in) continue;
-      std::ostringstream ss;
-      ss << in.rdbuf();
-      const std::string s = ss.str();
-      return ByteString(s.data(), static_cast<int>(s.size()));
-    }
-    return ByteString();
-  }();
+  static const ByteString der = ReadSourceFile("/tests/data/pkix/cms/korean/test_KTNET_signCert.der");
   return der;
 }
 

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <string>
 
+#include "bench/BenchData.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSProcess/PPublicKey.h"
@@ -16,13 +17,7 @@
 namespace {
 
 const ByteString& RootCertificate() {
-  static const ByteString der = [] {
-    std::ifstream in(std::string(QVA_SOURCE_DIR) + "/tests/data/pkix/x509/certs/root-rsa2048.der", std::ios::binary);
-    std::ostringstream ss;
-    ss << in.rdbuf();
-    const std::string s = ss.str();
-    return ByteString(s.data(), static_cast<int>(s.size()));
-  }();
+  static const ByteString der = ReadSourceFile("/tests/data/pkix/x509/certs/root-rsa2048.der");
   return der;
 }
 

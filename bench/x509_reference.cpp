@@ -13,6 +13,7 @@
 #include <sstream>
 #include <string>
 
+#include "bench/BenchData.h"
 #include "ZENALib/ASN1/ASN1BitString.h"
 #include "ZENALib/ASN1/ASN1Integer.h"
 #include "ZENALib/ASN1/ASN1OctetString.h"
@@ -101,14 +102,7 @@ IMPLEMENT_ASN1_FUNCTIONS(BenchCert)
 namespace {
 
 const ByteString& Certificate() {
-  static const ByteString der = [] {
-    std::ifstream in(std::string(QVA_SOURCE_DIR) + "/tests/data/pkix/cms/korean/test_KTNET_signCert.der",
-                     std::ios::binary);
-    std::ostringstream ss;
-    ss << in.rdbuf();
-    const std::string s = ss.str();
-    return ByteString(s.data(), static_cast<int>(s.size()));
-  }();
+  static const ByteString der = ReadSourceFile("/tests/data/pkix/cms/korean/test_KTNET_signCert.der");
   return der;
 }
 
