@@ -1,7 +1,5 @@
 #include "ZENALib/QSProcess/PSignedDataProcess.h"
 
-#include <cstring>
-
 #include "ZENALib/ASN1/ASN1GeneralizedTime.h"
 #include "ZENALib/ASN1/ASN1UTCTime.h"
 #include "ZENALib/ASN1Pkix/RCertificate.h"
@@ -11,9 +9,9 @@
 #include "ZENALib/QSCrypto/QSAlgorithm.h"
 #include "ZENALib/QSCrypto/QSHash.h"
 #include "ZENALib/QSProcess/PAlgorithmUtil.h"
+#include "ZENALib/QSProcess/PNameMatch.h"
 #include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/PSignedDataMessages.h"
-#include "ZENALib/QSProcess/UDNSettings.h"
 
 namespace {
 
@@ -176,16 +174,9 @@ int PSignedDataProcess::processCounterSignature(const RSignerInfo& counter, cons
 int PSignedDataProcess::haveValidSignerIdentifier(const RSignerIdentifier& sid, int* pnCertIndex) {
   static const char kM[] = "haveValidSignerIdentifier";
   RSignerIdentifier id = sid;
-  ByteString issuer, issuerText, serial, keyId;
+  ByteString issuer, serial, keyId;
   if (id.isIssuerAndSerialNumber()) {
     issuer = id.getIssuerAndSerialNumber().getIssuer().toASN1Object();
-    // The issuer as text too, for a signer that wrote the name in other
-    // string types than the certificate; not trusted with the code page's
-    // replacement character ('?') in it.
-    if (UDNSettings::RDN2Str(id.getIssuerAndSerialNumber().getIssuer(), &issuerText) ||
-        std::memchr(issuerText.data(), '?', static_cast<std::size_t>(issuerText.length()))) {
-      issuerText.clear();
-    }
     serial = id.getIssuerAndSerialNumber().getSerialNumber().getValue();
   } else if (id.isSubjectKeyIdentifier()) {
     keyId = id.getSubjectKeyIdentifier().getValue();
@@ -196,11 +187,10 @@ int PSignedDataProcess::haveValidSignerIdentifier(const RSignerIdentifier& sid, 
     RTBSCertificate& tbs = cert.getTbsCertificate();
     bool match = false;
     if (issuer.length() > 0) {
-      ByteString certIssuer;
+      // A signer may write the issuer in other string types than the certificate.
       match = tbs.getSerialNumber().getValue() == serial &&
               (tbs.getIssuer().toASN1Object() == issuer ||
-               (issuerText.length() > 0 && UDNSettings::RDN2Str(tbs.getIssuer(), &certIssuer) == 0 &&
-                certIssuer == issuerText));
+               PNameMatch::SameName(tbs.getIssuer(), id.getIssuerAndSerialNumber().getIssuer()));
     } else if (keyId.length() > 0) {
       // QSHash::DigestData: SHA-1 of the subjectPublicKey bits (RFC 5280 4.2.1.2 (1)).
       QSHash hasher;

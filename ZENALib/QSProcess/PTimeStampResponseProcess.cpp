@@ -1,10 +1,9 @@
 #include "ZENALib/QSProcess/PTimeStampResponseProcess.h"
 
-#include <cstring>
-
 #include "ZENALib/ASN1Pkix/RContentInfo.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
 #include "ZENALib/QSProcess/PExtKeyUsageUtil.h"
+#include "ZENALib/QSProcess/PNameMatch.h"
 #include "ZENALib/QSProcess/PGeneralNameUtil.h"
 #include "ZENALib/QSProcess/PSignedDataMessages.h"
 
@@ -78,15 +77,10 @@ int PTimeStampResponseProcess::checkTsaName(const ByteString& bsCert) {
   // The subject as a directoryName, then each subjectAltName.
   int nRet = 1;
   RRDNSequence subject;
+  // A TSA may write its name in other string types than its certificate.
   if (tsa.isDirectoryName() && util.getSubject(&subject) == 0 &&
-      Untagged(tsa.getDirectoryName().toASN1Object()) == Untagged(subject.toASN1Object())) {
-    nRet = 0;
-  }
-  // The same name in other string types (a TSA writing PrintableString
-  // where its certificate has UTF8String) reads the same as text; a text
-  // with a character the local code page lacks ('?') is not trusted to.
-  if (nRet != 0 && tsa.isDirectoryName() && tsaText.length() > 0 && tsaText == subjectDN &&
-      std::memchr(tsaText.data(), '?', static_cast<std::size_t>(tsaText.length())) == nullptr) {
+      (Untagged(tsa.getDirectoryName().toASN1Object()) == Untagged(subject.toASN1Object()) ||
+       PNameMatch::SameName(tsa.getDirectoryName(), subject))) {
     nRet = 0;
   }
   RGeneralNames alt;

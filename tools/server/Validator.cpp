@@ -16,6 +16,7 @@
 #include "ZENALib/ASN1Pkix/RSubjectPublicKeyInfo.h"
 #include "ZENALib/QSProcess/PCertListProcess.h"
 #include "ZENALib/QSProcess/PCertUtil.h"
+#include "ZENALib/QSProcess/PNameMatch.h"
 #include "ZENALib/QSProcess/PPublicKey.h"
 #include "ZENALib/QSProcess/PSignedDataProcess.h"
 #include "ZENALib/QSProcess/UDNSettings.h"
@@ -130,44 +131,6 @@ bool Decode(const ByteString& input, int pemType, ByteString* der) {
 
 std::string Text(const ByteString& b) { return std::string(b.c_str(), static_cast<std::size_t>(b.length())); }
 
-// A name as compared when chaining and constraining: each attribute's type
-// and its value's text with letters folded to lower case and runs of white
-// space made one blank (leading and trailing ones dropped), the members of a
-// multi-valued RDN in sorted order. So PrintableString and UTF8String forms
-// of one name, and names differing in case or spacing, compare equal.
-std::string RdnKey(const RRelativeDistinguishedName& rdn) {
-  std::vector<std::string> parts;
-  for (const RAttributeTypeAndValue& atv : rdn.items()) {
-    std::string part = Text(const_cast<ASN1ObjectIdentifier&>(atv.getType()).getOID('.')) + "=";
-    ByteString value;
-    if (UDNSettings::Value2Str(atv.getValue().getElement(), &value) != 0) {
-      value = atv.getValue().getElement();  // not text: the encoding itself
-    }
-    bool blank = false;
-    for (int i = 0; i < value.length(); ++i) {
-      const unsigned char c = value.data()[i];
-      if (c == ' ' || c == '\t' || c == '\r' || c == '\n') {
-        blank = true;
-        continue;
-      }
-      if (blank && part.back() != '=') part += ' ';
-      blank = false;
-      part += static_cast<char>(std::tolower(c));
-    }
-    parts.push_back(part);
-  }
-  std::sort(parts.begin(), parts.end());
-  std::string key;
-  for (const std::string& p : parts) key += p + '\n';
-  return key;
-}
-
-std::string NameKey(const RRDNSequence& name) {
-  std::string key;
-  for (const RRelativeDistinguishedName& rdn : name.items()) key += RdnKey(rdn) + '\t';
-  return key;
-}
-
 std::int64_t Seconds(const RTime& t) {
   return t.isUtcTime() ? t.getUtcTime().getGMTTime() : t.getGeneralTime().getGMTTime();
 }
@@ -181,8 +144,8 @@ bool Describe(const ByteString& der, Validator::Cert* out) {
   if (util.getSubjectDN(&out->subject) != 0 || util.getIssuerDN(&out->issuer) != 0 || util.getSubject(&subject) != 0 ||
       util.getIssuer(&issuer) != 0 || key.getPublicKeyInfoFromCert(der, PPublicKey::CERT_KIND_X509, out->spki) != 0)
     return false;
-  out->subjectKey = NameKey(subject);
-  out->issuerKey = NameKey(issuer);
+  out->subjectKey = PNameMatch::NameKey(subject);
+  out->issuerKey = PNameMatch::NameKey(issuer);
   if (util.m_nKeyUsage >= 0 && util.get_KeyUsage_value(&out->keyUsage) != 0) return false;
   RValidity validity;
   if (util.getValidity(&validity) != 0) return false;
@@ -252,7 +215,7 @@ std::string Date(std::time_t t) {
 bool WithinDirectory(const RRDNSequence& base, const RRDNSequence& name) {
   if (base.getCount() > name.getCount()) return false;
   for (int i = 0; i < base.getCount(); ++i)
-    if (RdnKey(*base.getAt(i)) != RdnKey(*name.getAt(i))) return false;
+    if (PNameMatch::RdnKey(*base.getAt(i)) != PNameMatch::RdnKey(*name.getAt(i))) return false;
   return true;
 }
 
@@ -655,7 +618,7 @@ std::shared_ptr<CrlSet> Validator::Crls() {
     }
     parsed->hasNextUpdate = parsed->crl.getNextUpdate(&parsed->nextUpdate) == 0;
     RRDNSequence issuerName;
-    if (parsed->crl.getIssuer(&issuerName) == 0) parsed->issuerKey = NameKey(issuerName);
+    if (parsed->crl.getIssuer(&issuerName) == 0) parsed->issuerKey = PNameMatch::NameKey(issuerName);
     bool verified = false;
     for (const auto* list : {&anchors_, &intermediates_}) {
       for (const Cert& ca : *list) {
