@@ -77,19 +77,17 @@ TEST(Heap, DecodedCrlKeepsItsEntriesAsBytes) {
   EXPECT_EQ(static_cast<std::size_t>(kEntries), back.items().size());
 }
 
-// Every CRL of the tables encodes back to its own bytes from a list left as
-// received, and the same bytes once every entry is built.
+// Every CRL of the tables encodes back to its own bytes once every entry of
+// its revoked list is built (left as received, X509Corpus.Crls covers it).
 TEST(Heap, KeptAndBuiltRevokedListsEncodeAlike) {
   const auto files = qvatest::DerFiles(qvatest::DataPath("pkix/x509/crls"));
   ASSERT_FALSE(files.empty());
   for (const std::string& file : files) {
     SCOPED_TRACE(file);
     const ByteString der = qvatest::ReadFileBs(file);
-    RCertificateList kept, built;
-    ASSERT_EQ(0, kept.fromASN1Object(der)) << kept.getErrorMessage().c_str();
-    ASSERT_EQ(0, built.fromASN1Object(der));
+    RCertificateList built;
+    ASSERT_EQ(0, built.fromASN1Object(der)) << built.getErrorMessage().c_str();
     built.getTbsCertList().getRevokedCertificates().items();
-    EXPECT_EQ(der, kept.toASN1Object());
     EXPECT_EQ(der, built.toASN1Object());
   }
 }

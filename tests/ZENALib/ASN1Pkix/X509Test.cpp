@@ -1,9 +1,6 @@
-// The X.509 structure classes: byte-identical round trips of every
-// certificate and CRL the openssl CLI made for tests/data/pkix/x509 (make.sh
-// there) and of the real Korean PKI certificates, CA bundles and CRL, with
-// every extension decoded by the class extensions.txt names; members checked
-// against what the openssl CLI reports; indefinite-length forms; objects
-// built with setters read back by openssl; hand-made names and attributes.
+// The X.509 structure classes on the openssl-made certificates and CRLs of
+// tests/data/pkix/x509 (make.sh there) and the real Korean PKI ones, checked
+// against what openssl reads; objects built with setters read back by openssl.
 #include <map>
 #include <sstream>
 
@@ -507,7 +504,6 @@ TEST(X509GeneralName, EveryAlternative) {
        [](G g) { return std::string(g.getOtherName().getTypeId().getOID('.').c_str()); }, "1.2.3.4"},
       // rfc822Name [1] IMPLICIT IA5String
       {"81 05 6140622E63", 1, [](G g) { return qvatest::Str(g.getRfc822Name().getValue()); }, "a@b.c"},
-      // dNSName
       {"82 03 612E62", 2, [](G g) { return qvatest::Str(g.getDNSName().getValue()); }, "a.b"},
       // x400Address: country-name [APPLICATION 1] CHOICE
       {"A3 08 3006 6104 13024B52", 3,
@@ -522,11 +518,8 @@ TEST(X509GeneralName, EveryAlternative) {
       // ediPartyName: partyName [1] DirectoryString
       {"A5 05 A103 0C0141", 5,
        [](G g) { return qvatest::Str(g.getEdiPartyName().getPartyName().getUtf8String().getValue()); }, "A"},
-      // uniformResourceIdentifier
       {"86 03 613A62", 6, [](G g) { return qvatest::Str(g.getUniformResourceIdentifier().getValue()); }, "a:b"},
-      // iPAddress
       {"87 04 7F000001", 7, [](G g) { return ToHex(g.getIPAddress().getValue()); }, "7f000001"},
-      // registeredID
       {"88 03 2A0304", 8, [](G g) { return std::string(g.getRegisteredID().getOID(' ').c_str()); }, "1 2 3 4"},
   };
   for (const auto& r : rows) {
