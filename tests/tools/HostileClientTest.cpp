@@ -1,8 +1,5 @@
-// qva-server, run as a program on loopback, against clients that misbehave
-// on the wire: odd frame lengths, lying inner lengths, slow or silent peers,
-// peers that never read or reset mid-answer, connection floods, descriptor
-// exhaustion and handshake records out of their place. Each ends with the
-// server alive and answering.
+// qva-server on loopback against clients that misbehave on the wire; each
+// case ends with the server alive and answering.
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>

@@ -99,7 +99,17 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {5013, Text(qva_msg::kSrvUnsupportedAlgorithm, "unsupported algorithm")},
       {5014, Text(qva_msg::kSrvUnsupportedCritical, "a critical extension or constraint on the path is not supported")},
   };
-  const std::string pem = qvatest::ReadFile(pki_ + "/ca/valid.pem");
+  const std::string pem = qvatest::ReadFile(pki_ + "/ca/valid.pem"), ca = pki_ + "/ca/";
+  qvatest::WriteFile(pki_ + "/content.txt", std::string("signed content"));
+  // Signed data made by openssl, its content's first byte changed when tampered.
+  auto signedBy = [&](const std::string& signer, bool tamper) {
+    const std::string out = pki_ + "/" + signer + ".p7";
+    qvatest::Run("openssl cms -sign -nodetach -binary -in " + pki_ + "/content.txt -signer " + ca + signer +
+                 ".pem -inkey " + ca + signer + ".key -outform DER -out " + out);
+    std::string der = qvatest::ReadFile(out);
+    if (tamper && der.find("signed content") != std::string::npos) der[der.find("signed content")] = 'S';
+    return der;
+  };
   const struct {
     const char* name;
     const char* kind;
@@ -176,6 +186,9 @@ TEST_F(Server, EveryVerdictOfTheTestPki) {
       {"mapping inhibited above", "CERT", Leaf("map-inhibited.der"), 5010,
         "an explicit policy is required and none is valid for cn=map-inhibited"},
       {"mapping of anyPolicy", "CERT", Leaf("map-any.der"), 5010, "cn=int-mapany maps anyPolicy"},
+      {"signed data", "SIGNED", signedBy("valid", false), 0, nullptr},
+      {"signed data, signer revoked", "SIGNED", signedBy("revoked", false), 5008, nullptr},
+      {"signed data tampered", "SIGNED", signedBy("valid", true), 5005, nullptr},
   };
   for (const auto& c : cases) {
     const Answer a = Ask(server.port(), c.kind, c.data);
@@ -250,31 +263,6 @@ TEST(ServerKorean, RealPathsAtTheirTime) {
       {"capubs/split_CaPubs_All/23.der", 5004},  // below Kisa Test RootCA 7
   };
   for (const auto& c : cases) EXPECT_EQ(Code(server.port(), "CERT", qvatest::ReadFile(korean + c.file)), c.code) << c.file;
-}
-
-TEST_F(Server, SignedDataVerifiedThenItsSigner) {
-  ServerProcess server(Args(pki_ + "/crls"));
-  ASSERT_NE(server.port(), 0);
-  const std::string ca = pki_ + "/ca/";
-  qvatest::WriteFile(pki_ + "/content.txt", std::string("signed content"));
-  const struct {
-    const char* signer;
-    bool tamper;
-    int code;
-  } cases[] = {{"valid", false, 0}, {"revoked", false, 5008}, {"valid", true, 5005}};
-  for (const auto& c : cases) {
-    const std::string out = pki_ + "/" + c.signer + ".p7";
-    ASSERT_EQ(qvatest::Run("openssl cms -sign -nodetach -binary -in " + pki_ + "/content.txt -signer " + ca + c.signer +
-                  ".pem -inkey " + ca + c.signer + ".key -outform DER -out " + out),
-              0);
-    std::string der = qvatest::ReadFile(out);
-    if (c.tamper) {
-      const std::size_t at = der.find("signed content");
-      ASSERT_NE(at, std::string::npos);
-      der[at] = 'S';
-    }
-    EXPECT_EQ(Code(server.port(), "SIGNED", der), c.code) << c.signer << (c.tamper ? " tampered" : "");
-  }
 }
 
 TEST_F(Server, MalformedRequestsAndUnknownTypes) {
@@ -391,26 +379,19 @@ TEST_F(Server, ServesClientsBesideHostileOnes) {
   const int port = server.port();
   std::atomic<bool> done{false};
   std::atomic<int> hostile{0};
-  auto attacker = [&](int mode) {
-    while (!done) {
-      const int fd = qvatest::Connect(port);
-      if (fd < 0) {
-        continue;
-      }
-      std::string bytes;
-      switch (mode) {
-        case 0: bytes = std::string("\x00\x00\x01\x00garb", 8); break;           // stalls mid-frame
-        case 1: bytes = std::string("\x00\x00\x00\x10", 4) + std::string(16, '\x7f'); break;  // garbage record
-        case 2: bytes = std::string("\xff\xff\xff\xff", 4); break;               // announces 4 GiB
-        default: bytes = std::string("\x00\x00\x00\x40\x14\x01", 6); break;      // leaves mid-request
-      }
-      if (::write(fd, bytes.data(), bytes.size()) > 0) ++hostile;
-      std::this_thread::sleep_for(std::chrono::milliseconds(mode == 0 ? 50 : 2));
-      ::close(fd);
-    }
-  };
+  // Stalls mid-frame, sends a garbage record, announces 4 GiB, leaves mid-request.
+  const std::string attacks[] = {std::string("\x00\x00\x01\x00garb", 8),
+                                 std::string(3, '\0') + "\x10" + std::string(16, '\x7f'), "\xff\xff\xff\xff",
+                                 std::string("\x00\x00\x00\x40\x14\x01", 6)};
   std::vector<std::thread> bad;
-  for (int mode = 0; mode < 4; ++mode) bad.emplace_back(attacker, mode);
+  for (int mode = 0; mode < 4; ++mode)
+    bad.emplace_back([&, mode] {
+      for (int fd; !done; ::close(fd)) {
+        if ((fd = qvatest::Connect(port)) < 0) continue;
+        if (::write(fd, attacks[mode].data(), attacks[mode].size()) > 0) ++hostile;
+        std::this_thread::sleep_for(std::chrono::milliseconds(mode == 0 ? 50 : 2));
+      }
+    });
   const std::string valid = Leaf("valid.der"), revoked = Leaf("revoked.der");
   std::atomic<int> wrong{0};
   std::vector<std::thread> good;
@@ -419,10 +400,7 @@ TEST_F(Server, ServesClientsBesideHostileOnes) {
       for (int i = 0; i < 200; ++i) {
         const bool v = (t + i) % 2 == 0;
         const Answer a = Ask(port, "CERT", v ? valid : revoked);
-        if (a.code != (v ? 0 : 5008)) {
-          ++wrong;
-          std::fprintf(stderr, "client %d request %d: %d %s\n", t, i, a.code, a.detail.c_str());
-        }
+        if (a.code != (v ? 0 : 5008)) ++wrong;
       }
     });
   for (auto& t : good) t.join();
