@@ -3,10 +3,7 @@
 #include <openssl/evp.h>
 #include <openssl/x509.h>
 #include <openssl/x509v3.h>
-#include <signal.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
 
@@ -37,12 +34,6 @@ bool Query(const std::string& uri, const char* sql, std::vector<std::string>* ro
   return ok;
 #endif
 }
-
-struct LeafFactory::Keys {
-  EVP_PKEY* root = nullptr;
-  EVP_PKEY* leaf = nullptr;
-  X509* rootCert = nullptr;
-};
 
 namespace {
 void AddExt(X509* cert, X509* issuer, int nid, const char* value) {
@@ -81,33 +72,28 @@ std::string Der(X509* cert) {
 }
 }  // namespace
 
-LeafFactory::LeafFactory(const std::string& dir) : dir_(dir), keys_(new Keys) {
-  keys_->root = EVP_RSA_gen(2048);
-  keys_->leaf = EVP_EC_gen("P-256");
-  keys_->rootCert = MakeCert("Cluster Test Root", 1, keys_->root, nullptr, keys_->root);
+LeafFactory::LeafFactory(const std::string& dir)
+    : dir_(dir), root_(EVP_RSA_gen(2048)), leaf_(EVP_EC_gen("P-256")),
+      rootCert_(MakeCert("Cluster Test Root", 1, root_, nullptr, root_)) {
   ::mkdir(anchors().c_str(), 0755);
-  WriteFile(anchors() + "/root.der", Der(keys_->rootCert));
+  WriteFile(anchors() + "/root.der", Der(rootCert_));
 }
 
 LeafFactory::~LeafFactory() {
-  X509_free(keys_->rootCert);
-  EVP_PKEY_free(keys_->root);
-  EVP_PKEY_free(keys_->leaf);
-  delete keys_;
+  X509_free(rootCert_);
+  EVP_PKEY_free(root_);
+  EVP_PKEY_free(leaf_);
 }
 
 std::vector<std::string> LeafFactory::Leaves(long first, int n) const {
   std::vector<std::string> v;
-  for (int i = 0; i < n; ++i) v.push_back(Leaf(first + i));
+  for (long serial = first; serial < first + n; ++serial) {
+    const std::string cn = "Cluster Test Leaf " + std::to_string(serial);
+    X509* cert = MakeCert(cn.c_str(), serial, leaf_, rootCert_, root_);
+    v.push_back(Der(cert));
+    X509_free(cert);
+  }
   return v;
-}
-
-std::string LeafFactory::Leaf(long serial) const {
-  const std::string cn = "Cluster Test Leaf " + std::to_string(serial);
-  X509* cert = MakeCert(cn.c_str(), serial, keys_->leaf, keys_->rootCert, keys_->root);
-  std::string der = Der(cert);
-  X509_free(cert);
-  return der;
 }
 
 std::string Sha256(const std::string& bytes) {

@@ -1,15 +1,10 @@
-// Test support for several qva-server processes on one database (a
-// throwaway cluster from tests/support/PgCluster.h): a server process with
-// its access log, a small PKI whose leaves all validate, and a registration
-// through the transport's two addresses.
+// Test support for qva-server processes on one database: a small PKI whose
+// leaves all validate, and a registration through the transport's two addresses.
 #pragma once
 
-#include <sys/types.h>
+#include <openssl/types.h>
 
-#include <cstdio>
-#include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/support/PgCluster.h"
@@ -25,14 +20,14 @@ class LeafFactory {
   LeafFactory(const LeafFactory&) = delete;
   LeafFactory& operator=(const LeafFactory&) = delete;
   std::string anchors() const { return dir_ + "/anchors"; }
-  // A distinct valid leaf (DER) per serial.
-  std::string Leaf(long serial) const;
-  std::vector<std::string> Leaves(long first, int n) const;
+  // A distinct valid leaf (DER) per serial: n of them from serial first.
+  std::vector<std::string> Leaves(long first, int n = 1) const;
 
  private:
   std::string dir_;
-  struct Keys;
-  Keys* keys_;
+  EVP_PKEY* root_;
+  EVP_PKEY* leaf_;
+  X509* rootCert_;
 };
 
 // SHA-256 of bytes, the registry's key.

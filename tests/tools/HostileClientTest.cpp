@@ -1,37 +1,30 @@
-// qva-server, run as a program on loopback, against clients that misbehave
-// on the wire: odd frame lengths, lying inner lengths, slow or silent peers,
-// peers that never read or reset mid-answer, connection floods, descriptor
-// exhaustion and handshake records out of their place. Each ends with the
-// server alive and answering.
+// qva-server on loopback against clients that misbehave on the wire; each
+// case ends with the server alive and answering.
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
-#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/QSBase.h"
-#include "libaibase/clroamingmessage.h"
 #include "libaibase/clsecuremanager.h"
 #include "tests/support/TestUtil.h"
 #include "tests/tools/ServerProcess.h"
 
 namespace {
 
-using qvatest::Str;
-
-using Daemon = qvatest::ServerProcess;
-
 using qvatest::Connect;
+using qvatest::Exchange;
+using qvatest::Frame;
+using qvatest::Outcome;
+using qvatest::PlainRequest;
+using qvatest::Str;
+using Daemon = qvatest::ServerProcess;
 
 void Send(int fd, const std::string& bytes) {
   if (!bytes.empty()) {
@@ -39,85 +32,25 @@ void Send(int fd, const std::string& bytes) {
   }
 }
 
-std::string Frame(const std::string& record) {
-  const auto n = static_cast<std::uint32_t>(record.size());
-  return std::string{static_cast<char>(n >> 24), static_cast<char>(n >> 16), static_cast<char>(n >> 8),
-                     static_cast<char>(n)} +
-         record;
-}
-
-// A plain record around a roaming message of type 106 whose identifier is
-// `id` (echoed in the answer), by default with a body that does not parse
-// as an item list.
-std::string PlainRequest(const std::string& id = "tester", const std::string& items = "??") {
-  CLRoamingMessage m;
-  const ByteString ident(id.data(), static_cast<int>(id.size())), ref(""),
-      body(items.data(), static_cast<int>(items.size()));
-  CLSecureManager manager(nullptr, nullptr);
-  if (m.MakeRoamingMessage(106, 0, &ident, &ref, &body) != 0 || manager.MakePlainData(m.GetMessage()) != 0) return {};
-  return Str(manager.TakeOutput());
-}
-
-// What a connection gives back until the server closes it: per whole answer
-// frame "P" (plain) or "L" (alert), then "C" when closed; "?" when nothing
-// more came within `waitMs`.
-std::string Outcome(int fd, int waitMs = 8000) {
-  std::string in, seen;
-  char buf[65536];
-  for (;;) {
-    pollfd p{fd, POLLIN, 0};
-    if (::poll(&p, 1, waitMs) <= 0) return seen + "?";
-    const ssize_t n = ::recv(fd, buf, sizeof buf, 0);
-    if (n <= 0) return seen + "C";
-    in.append(buf, static_cast<std::size_t>(n));
-    while (in.size() >= 4) {
-      const std::size_t len = (std::size_t(std::uint8_t(in[0])) << 24) | (std::size_t(std::uint8_t(in[1])) << 16) |
-                              (std::size_t(std::uint8_t(in[2])) << 8) | std::uint8_t(in[3]);
-      if (in.size() < 4 + len) break;
-      const ByteString record(in.data() + 4, static_cast<int>(len));
-      seen += CLSecureManager::IsAlert(record) ? "L" : "P";
-      in.erase(0, 4 + len);
-    }
-  }
-}
-
 // True once a fresh connection gets a plain answer (tried for up to ~10 s,
 // while the server finishes dropping other connections).
 bool Answers(int port) {
-  const std::string request = Frame(PlainRequest());
   const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-  while (std::chrono::steady_clock::now() < until) {
-    const int fd = Connect(port);
-    if (fd >= 0) {
-      ::send(fd, request.data(), request.size(), MSG_NOSIGNAL);
-      ::shutdown(fd, SHUT_WR);
-      const std::string got = Outcome(fd, 1000);
-      ::close(fd);
-      if (got == "PC") return true;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-  }
+  for (; std::chrono::steady_clock::now() < until; std::this_thread::sleep_for(std::chrono::milliseconds(100)))
+    if (Exchange(port, Frame(PlainRequest()), true, 1000) == "PC") return true;
   return false;
 }
 
 class HostileClient : public ::testing::Test {
  protected:
-  // The same test PKI as the server's own tests, made once per build tree.
   static void SetUpTestSuite() {
     ::signal(SIGPIPE, SIG_IGN);
-    pki_ = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
-    if (::access((pki_ + "/leaves/trailing.der").c_str(), R_OK) != 0) {
-      const std::string fresh = pki_ + ".new." + std::to_string(::getpid());
-      if (qvatest::Run("bash " + qvatest::DataPath("server/make-pki.sh") + " " + fresh) == 0)
-        std::rename(fresh.c_str(), pki_.c_str());
-      qvatest::Run("rm -rf " + fresh);
-    }
+    pki_ = qvatest::ServerPki();
   }
-  void SetUp() override { ASSERT_EQ(::access((pki_ + "/leaves/trailing.der").c_str(), R_OK), 0); }
+  void SetUp() override { ASSERT_FALSE(pki_.empty()) << "the test PKI was not made"; }
   static std::vector<std::string> Args(std::vector<std::string> extra) {
-    std::vector<std::string> a{"--anchors", pki_ + "/anchors", "--workers", "2"};
-    a.insert(a.end(), extra.begin(), extra.end());
-    return a;
+    extra.insert(extra.begin(), {"--anchors", pki_ + "/anchors", "--workers", "2"});
+    return extra;
   }
   static std::string pki_;
 };
@@ -158,14 +91,7 @@ TEST_F(HostileClient, FramesAndInnerLengths) {
       {"unknown record type", Frame("\x42" + request.substr(1)), false, "LC"},
       {"kind with a line break", Frame(PlainRequest("tester", forged)), false, "PC"},
   };
-  for (const auto& c : cases) {
-    const int fd = Connect(server.port());
-    ASSERT_GE(fd, 0) << c.name;
-    Send(fd, c.bytes);
-    if (c.halfClose) ::shutdown(fd, SHUT_WR);
-    EXPECT_EQ(Outcome(fd), c.outcome) << c.name;
-    ::close(fd);
-  }
+  for (const auto& c : cases) EXPECT_EQ(Exchange(server.port(), c.bytes, c.halfClose), c.outcome) << c.name;
   EXPECT_TRUE(Answers(server.port()));
   EXPECT_EQ(server.Stop(), 0);
   const std::string log = server.Log();
@@ -308,11 +234,7 @@ TEST_F(HostileClient, AnnouncedLengthsAreNotReserved) {
   }
   EXPECT_TRUE(Answers(server.port()));
   // A whole frame of several read chunks is still answered.
-  const int big = Connect(server.port());
-  Send(big, Frame(PlainRequest("tester", std::string(200000, '?'))));
-  ::shutdown(big, SHUT_WR);
-  EXPECT_EQ(Outcome(big), "PC");
-  ::close(big);
+  EXPECT_EQ(Exchange(server.port(), Frame(PlainRequest("tester", std::string(200000, '?'))), true), "PC");
   const long rss = server.ResidentKiB();
   EXPECT_GT(rss, 0);
   EXPECT_LT(rss, 256 * 1024);
@@ -359,11 +281,9 @@ TEST_F(HostileClient, HandshakeAbuse) {
       {"handshake record without a type", {hello.substr(0, 6)}, "LC"},
   };
   for (const auto& c : cases) {
-    const int fd = Connect(server.port());
-    ASSERT_GE(fd, 0) << c.name;
-    for (const auto& r : c.records) Send(fd, Frame(r));
-    EXPECT_EQ(Outcome(fd), c.outcome) << c.name;
-    ::close(fd);
+    std::string frames;
+    for (const auto& r : c.records) frames += Frame(r);
+    EXPECT_EQ(Exchange(server.port(), frames), c.outcome) << c.name;
   }
   EXPECT_TRUE(Answers(server.port()));
   EXPECT_EQ(server.Stop(), 0);

@@ -1,7 +1,4 @@
-// The registry's two backends in process: a second registration is one row
-// and is told apart from a new one, and the PostgreSQL pool lives through
-// restarts of the database. (Registrations racing through two servers:
-// ClusterTest.cpp.)
+// The registry's two backends in process.
 #include <gtest/gtest.h>
 
 #include "tests/support/PgCluster.h"
@@ -33,12 +30,11 @@ void ExpectIdempotent(const std::string& where) {
 }
 
 TEST(SqliteRegistry, SecondRegistrationIsKnownAndAddsNoRow) {
-  qvatest::TempDir dir;
-  ExpectIdempotent(dir.file("registry.db"));
+  ExpectIdempotent(qvatest::TempDir().file("registry.db"));
 }
 
-// Refused without the database, with its error; served again, from the same
-// pool, as soon as it is back, however it went away.
+// Refused without the database, with its error; served again from the same
+// pool as soon as it is back, however it went away.
 TEST(PgRegistry, LivesThroughDatabaseRestarts) {
   if (qvatest::PgCluster::FindBin().empty())
     GTEST_SKIP() << "initdb not found: the postgresql package is not installed";

@@ -1,6 +1,7 @@
 #include "tests/tools/ServerProcess.h"
 
 #include <netinet/in.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -9,6 +10,8 @@
 #include <chrono>
 #include <cstdlib>
 
+#include "libaibase/clroamingmessage.h"
+#include "libaibase/clsecuremanager.h"
 #include "tests/support/TestUtil.h"
 
 namespace qvatest {
@@ -103,6 +106,69 @@ int Connect(int port) {
     return -1;
   }
   return fd;
+}
+
+std::string Frame(const std::string& record) {
+  const auto n = static_cast<std::uint32_t>(record.size());
+  return std::string{static_cast<char>(n >> 24), static_cast<char>(n >> 16), static_cast<char>(n >> 8),
+                     static_cast<char>(n)} +
+         record;
+}
+
+std::string PlainRequest(const std::string& id, const std::string& body, int type) {
+  CLRoamingMessage m;
+  const ByteString ident(id.data(), static_cast<int>(id.size())), ref(""),
+      data(body.data(), static_cast<int>(body.size()));
+  CLSecureManager manager(nullptr, nullptr);
+  if (m.MakeRoamingMessage(static_cast<std::uint8_t>(type), 0, &ident, &ref, &data) != 0 ||
+      manager.MakePlainData(m.GetMessage()) != 0)
+    return {};
+  return Str(manager.TakeOutput());
+}
+
+std::string Outcome(int fd, int waitMs, std::vector<std::string>* records) {
+  std::string in, seen;
+  char buf[65536];
+  for (;;) {
+    pollfd p{fd, POLLIN, 0};
+    if (::poll(&p, 1, waitMs) <= 0) return seen + "?";
+    const ssize_t n = ::recv(fd, buf, sizeof buf, 0);
+    if (n <= 0) return seen + "C";
+    in.append(buf, static_cast<std::size_t>(n));
+    while (in.size() >= 4) {
+      const std::size_t len = (std::size_t(std::uint8_t(in[0])) << 24) | (std::size_t(std::uint8_t(in[1])) << 16) |
+                              (std::size_t(std::uint8_t(in[2])) << 8) | std::uint8_t(in[3]);
+      if (in.size() < 4 + len) break;
+      const ByteString record(in.data() + 4, static_cast<int>(len));
+      seen += CLSecureManager::IsAlert(record) ? "L" : "P";
+      if (records) records->push_back(in.substr(4, len));
+      in.erase(0, 4 + len);
+    }
+  }
+}
+
+std::string Exchange(int port, const std::string& bytes, bool halfClose, int waitMs, std::vector<std::string>* records) {
+  const int fd = Connect(port);
+  if (fd < 0) return "no connection";
+  ::send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+  if (halfClose) ::shutdown(fd, SHUT_WR);
+  const std::string got = Outcome(fd, waitMs, records);
+  ::close(fd);
+  return got;
+}
+
+std::string ServerPki() {
+  // Each test runs as its own process under ctest: the PKI is made into a
+  // fresh folder, then renamed into place, so a process that loses the race
+  // uses the winner's. One of an older script (no policy flood) is made again.
+  const std::string pki = std::string(QVA_BINARY_DIR) + "/tests/tools/server-pki";
+  if (::access((pki + "/leaves/policy-flood.der").c_str(), R_OK) != 0) {
+    Run("rm -rf " + pki);
+    const std::string fresh = pki + ".new." + std::to_string(::getpid());
+    if (Run("bash " + DataPath("server/make-pki.sh") + " " + fresh) == 0) std::rename(fresh.c_str(), pki.c_str());
+    Run("rm -rf " + fresh);
+  }
+  return ::access((pki + "/leaves/policy-flood.der").c_str(), R_OK) == 0 ? pki : std::string();
 }
 
 }  // namespace qvatest

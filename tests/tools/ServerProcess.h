@@ -5,7 +5,6 @@
 #pragma once
 
 #include <sys/resource.h>
-#include <sys/types.h>
 
 #include <csignal>
 #include <cstdio>
@@ -49,5 +48,20 @@ class ServerProcess {
 
 // A TCP connection to 127.0.0.1:port, or -1.
 int Connect(int port);
+// The 4-byte big-endian length, then the record.
+std::string Frame(const std::string& record);
+// A plain record around a roaming message of `type` from `id` carrying `body`.
+std::string PlainRequest(const std::string& id = "tester", const std::string& body = "??", int type = 106);
+// What fd gives back until the server closes it: per whole answer frame "P"
+// (plain) or "L" (alert), then "C" when closed; "?" when nothing more came
+// within waitMs. The records, when asked for, go to *records.
+std::string Outcome(int fd, int waitMs = 8000, std::vector<std::string>* records = nullptr);
+// One connection: bytes sent (then the sending side shut when halfClose),
+// and the Outcome; "no connection" when connecting fails.
+std::string Exchange(int port, const std::string& bytes, bool halfClose = false, int waitMs = 8000,
+                     std::vector<std::string>* records = nullptr);
+// The test PKI of tests/data/server/make-pki.sh, made once per build tree;
+// empty when it could not be made.
+std::string ServerPki();
 
 }  // namespace qvatest

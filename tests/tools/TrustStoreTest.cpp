@@ -29,7 +29,7 @@ TEST(TrustStore, FollowsTheAnchorDirectory) {
   const qvatest::LeafFactory pki(made.path());
   const std::string anchors = served.file("anchors");
   ASSERT_EQ(qvatest::Run("mkdir " + anchors), 0);
-  const std::string leaf = pki.Leaf(7);
+  const std::string leaf = pki.Leaves(7)[0];
   const ByteString der(leaf.data(), static_cast<int>(leaf.size()));
 
   qvaserver::TrustStore store;
