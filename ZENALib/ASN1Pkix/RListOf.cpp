@@ -66,8 +66,13 @@ int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   int n = 0;
   while (walk.next(&p, &n)) {
     ASN1Object& item = appendItem();
-    if ((rc = item.fromASN1View(p, n)) != 0)
+    if ((rc = decodeChild(item, p, n)) != 0)
       return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());
   }
   return 0;
+}
+
+void RListBase::detachViews() {
+  RObject::detachViews();
+  for (int i = 0; i < getCount(); ++i) itemAt(i).detachViews();
 }

@@ -19,9 +19,10 @@ class RListBase : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   virtual int getCount() const = 0;
+  void detachViews() override;
 
  protected:
   RListBase(const char* szClass, unsigned char ucTag) : RObject(ucTag), m_szClass(szClass) {}
@@ -44,6 +45,21 @@ class RListOf : public RListBase {
   void add(const T& item) { m_items.push_back(item); }
   void removeAll() { m_items.clear(); }
   const std::vector<T>& items() const { return m_items; }
+
+  RListOf(const RListOf&) = default;
+  RListOf& operator=(const RListOf&) = default;
+  // The items change hands without being moved one by one, so values that
+  // point into the source's input are copied out first.
+  RListOf(RListOf&& other) noexcept : RListBase(std::move(other)), m_items(std::move(other.m_items)) {
+    for (T& item : m_items) item.detachViews();
+  }
+  RListOf& operator=(RListOf&& other) noexcept {
+    RListBase::operator=(std::move(other));
+    m_items = std::move(other.m_items);
+    for (T& item : m_items) item.detachViews();
+    return *this;
+  }
+  ~RListOf() override = default;
 
  protected:
   explicit RListOf(const char* szClass, unsigned char ucTag = ASN1_TAG_SEQUENCE) : RListBase(szClass, ucTag) {}

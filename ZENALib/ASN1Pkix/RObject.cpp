@@ -1,9 +1,12 @@
 #include "ZENALib/ASN1Pkix/RObject.h"
 
+#include <cstdlib>
+#include <cstring>
 #include <new>
 
 #include "base/ByteReader.h"
 #include "base/Limits.h"
+#include "base/SecureZero.h"
 
 namespace {
 
@@ -189,6 +192,26 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   return true;
 }
 
+RObject::~RObject() {
+  if (m_pInput) {
+    SecureZero(m_pInput, static_cast<std::size_t>(m_nInput));
+    std::free(m_pInput);
+  }
+}
+
+int RObject::decodeOwned(const ByteString& bsData) {
+  const int n = bsData.length();
+  if (m_pInput || n <= 0) return fromASN1View(viewOf(bsData), n);
+  m_pInput = static_cast<unsigned char*>(std::malloc(static_cast<std::size_t>(n)));
+  if (!m_pInput) return fromASN1View(viewOf(bsData), n);  // without memory for the copy, values copy themselves
+  std::memcpy(m_pInput, bsData.data(), static_cast<std::size_t>(n));
+  m_nInput = n;
+  m_bKeepViews = true;
+  const int rc = fromASN1View(m_pInput, n);
+  m_bKeepViews = false;
+  return rc;
+}
+
 int RObject::failAt(const RSchema* schema, const char* method, const char* field, int code, const char* message) {
   const char* cls = schema ? schema->cls : className();
   return fail(schema ? schema->file : __FILE__, schema ? schema->line : __LINE__, cls, method, field, code,
@@ -291,7 +314,7 @@ int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned 
   if (f.kind == RKind::Implicit && utag != ASN1_TAG_NONE && RReadHeader(p, n, &h) == 0 && h.constructed()) {
     rc = m.fromASN1Object(RetagAsUniversal(p, n, h, utag));
   } else {
-    rc = m.fromASN1View(p, n);
+    rc = decodeChild(m, p, n);
   }
   if (rc != 0) return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
   applyFieldTag(f);  // decoding may have replaced the tagging with what the data said

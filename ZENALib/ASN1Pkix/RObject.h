@@ -14,6 +14,8 @@
 #include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1Pkix/RSchema.h"
 
+#include <utility>
+
 constexpr int R_ERR_COUNT = 21;
 constexpr int R_ERR_TAG = 22;
 constexpr int R_ERR_CHOICE = 23;
@@ -86,6 +88,20 @@ class RComponentWalk {
 
 class RObject : public ASN1Object {
  public:
+  // The input a decode kept stays with the object that decoded it: copies and
+  // moves get values of their own (ASN1ViewBytes).
+  RObject(const RObject& other) : ASN1Object(other) {}
+  RObject(RObject&& other) noexcept : ASN1Object(std::move(other)) {}
+  RObject& operator=(const RObject& other) {
+    ASN1Object::operator=(other);
+    return *this;
+  }
+  RObject& operator=(RObject&& other) noexcept {
+    ASN1Object::operator=(std::move(other));
+    return *this;
+  }
+  ~RObject() override;
+
   // Class name used in traces.
   virtual const char* className() const = 0;
   // The encoding built by the last toASN1Object, or built now when there is
@@ -99,6 +115,13 @@ class RObject : public ASN1Object {
 
  protected:
   explicit RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
+
+  // The decode behind fromASN1Object(const ByteString&): the first decode of
+  // an object copies the input once and keeps it while the object lives, and
+  // the values of its members point into that copy instead of each holding
+  // one of their own. A later decode of the same object copies its values
+  // (members it leaves alone may still point into the first input).
+  int decodeOwned(const ByteString& bsData);
 
   // Records a failure of this class: the trace line names the class, the
   // method and the field, and chains `message` after it.
@@ -147,4 +170,9 @@ class RObject : public ASN1Object {
   // The element inside this object's own explicit tag: (p, n) is narrowed
   // to the inner element. 0 or R_ERR_FORMAT.
   static int unwrapExplicit(const unsigned char** p, int* n);
+
+ private:
+  // The input kept by decodeOwned (wiped before it is freed: it may hold keys).
+  unsigned char* m_pInput = nullptr;
+  int m_nInput = 0;
 };

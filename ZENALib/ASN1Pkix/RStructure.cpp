@@ -135,3 +135,10 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   // Components after the last known one (extensions of the schema) are ignored.
   return 0;
 }
+
+void RStructure::detachViews() {
+  RObject::detachViews();
+  const RSchema& s = schema();
+  for (int i = 0; i < s.nFields; ++i)
+    if (const ASN1Object* m = s.fields[i].peek(*this)) const_cast<ASN1Object*>(m)->detachViews();
+}

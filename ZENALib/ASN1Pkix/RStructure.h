@@ -23,8 +23,9 @@ class RStructure : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
+  void detachViews() override;
 
   // Whether an optional member is present (mandatory members always are).
   bool isPresent(const ASN1Object& member) const;
