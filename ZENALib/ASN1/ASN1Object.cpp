@@ -357,6 +357,14 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   m_ucConstructed = 0;
   const unsigned char low = static_cast<unsigned char>(d[0] & 0x1F);
   constexpr std::uint32_t kReserved = (1u << 13) | (1u << 14) | (1u << 15) | (1u << 29) | (1u << 31);
+  if (!(d[0] & 0xC0) && !((kReserved >> low) & 1u) && d[1] < 0x80 && d[1] <= n - 2) {
+    // Most elements: a universal identifier and a short length inside the input.
+    m_ucTagClass = static_cast<unsigned char>(d[0] & 0xE0);
+    m_ucTaggedType = ASN1_UNTAGGED;
+    m_ucPrimitiveTag = low;
+    m_ucConstructed = static_cast<unsigned char>(d[0] & ASN1_CONSTRUCTED);
+    return keep(d + 2, d[1]);
+  }
   if (!(d[0] & 0xC0) && !((kReserved >> low) & 1u)) {
     // The usual universal identifier, classified as checkASN1Member would.
     m_ucTagClass = static_cast<unsigned char>(d[0] & 0xE0);

@@ -115,6 +115,15 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
   ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
   int count = 0;
   while (!r.empty()) {
+    const unsigned char* q = r.data();
+    const std::size_t left = r.remaining();
+    if (left >= 2 && q[1] < 0x80 && q[1] <= left - 2 && (q[0] & 0x1F) < 13) {
+      // The usual component: a low tag below the reserved ones and a short length.
+      if (count < kKept) m_aHeader[count] = RElementHeader{q[0], q[0] & 0x1F, 1, 2, q[1], q[1] + 2};
+      r.skip(static_cast<std::size_t>(q[1]) + 2);
+      ++count;
+      continue;
+    }
     TagLength t;
     const unsigned char first = r.data()[0];
     const unsigned char utag = static_cast<unsigned char>(first & 0x1F);
