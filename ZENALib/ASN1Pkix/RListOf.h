@@ -32,6 +32,10 @@ class RListBase : public RObject {
   virtual void reserveItems(int n) = 0;
 
  private:
+  // The decode of plain contents (every item a plain header): 0, or -1 when
+  // anything is out of the ordinary or fails.
+  int decodePlain(const unsigned char* c, int n);
+
   const char* m_szClass;
 };
 
