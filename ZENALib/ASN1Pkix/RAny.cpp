@@ -7,7 +7,9 @@
 
 int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0 || h.headerLength > static_cast<int>(sizeof m_aHeader)) return R_ERR_FORMAT;
+  const bool plain = p && n >= 2 && RPlainHeader(p, static_cast<std::size_t>(n), &h);
+  if ((!plain && RReadHeader(p, n, &h) != 0) || h.headerLength > static_cast<int>(sizeof m_aHeader))
+    return R_ERR_FORMAT;
   const int content = h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
   if (isSecret()) {
     m_bsElement.zeroize();

@@ -316,7 +316,18 @@ int RObject::encodeField(const RSchema* schema, const RField& f, ASN1Sequence& s
 
 int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n) {
   ASN1Object& m = f.ref(*this);
-  applyFieldTag(f);
+  if (f.kind == RKind::Universal || f.kind == RKind::Any) {
+    if (const int rc = decodeChild(m, p, n))
+      return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
+    return 0;
+  }
+  const auto tag = [&] {
+    if (f.kind == RKind::Explicit)
+      m.setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+    else
+      m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  };
+  tag();
   RElementHeader h{};
   const unsigned char utag = m.getPrimitiveTag();
   int rc;
@@ -326,6 +337,6 @@ int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned 
     rc = decodeChild(m, p, n);
   }
   if (rc != 0) return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
-  applyFieldTag(f);  // decoding may have replaced the tagging with what the data said
+  tag();  // decoding may have replaced the tagging with what the data said
   return 0;
 }
