@@ -59,7 +59,7 @@ class ASN1ViewBytes {
   }
   // Points at n bytes at p (p not null), which must outlive this object.
   void setView(const unsigned char* p, int n) {
-    m_bsOwned.clear();
+    if (!m_bsOwned.isEmpty()) m_bsOwned.clear();
     m_nView = n;
     m_pView.store(p, std::memory_order_relaxed);
   }

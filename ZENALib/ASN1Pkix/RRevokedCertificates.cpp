@@ -30,7 +30,7 @@ const RRevokedCertificate* RRevokedCertificates::getAt(int i) const {
 
 void RRevokedCertificates::unpack() const {
   if (!isKept()) return;
-  auto& items = const_cast<std::vector<RRevokedCertificate>&>(m_items);
+  auto& items = const_cast<RItems<RRevokedCertificate>&>(m_items);
   const int n = getCount();
   items.clear();
   items.reserve(static_cast<std::size_t>(n));
@@ -40,7 +40,7 @@ void RRevokedCertificates::unpack() const {
   m_bsEntries.replace().clear();
 }
 
-const std::vector<RRevokedCertificate>& RRevokedCertificates::items() const {
+const RItems<RRevokedCertificate>& RRevokedCertificates::items() const {
   unpack();
   return m_items;
 }

@@ -29,7 +29,7 @@ class RRevokedCertificates : public RListOf<RRevokedCertificate> {
   const RRevokedCertificate* getAt(int i) const;
   void add(const RRevokedCertificate& item);
   void removeAll();
-  const std::vector<RRevokedCertificate>& items() const;
+  const RItems<RRevokedCertificate>& items() const;
 
   int fromASN1View(const unsigned char* pData, int nData) override;
   void detachViews() override;
