@@ -37,7 +37,9 @@ class ByteString {
   ByteString(const ByteString& other);
   // Moving takes the buffer over; the source is left empty (buffer null).
   ByteString(ByteString&& other) noexcept;
-  virtual ~ByteString() { std::free(m_pBuffer); }
+  virtual ~ByteString() {
+    if (m_pBuffer) std::free(m_pBuffer);  // most values never held a buffer
+  }
 
   // Stores n bytes from p. A null p or negative n leaves the string empty and
   // returns 0; an allocation failure leaves it empty and returns 2.

@@ -27,16 +27,16 @@ int ASN1BitString::setBitString(const ByteString& bsData, int bNamedBitList) {
   ByteWriter w;
   w.reserve(static_cast<std::size_t>(n) + 1);
   w.u8(unused).bytes(p, static_cast<std::size_t>(n));
-  if (w.finish(&m_bsValue) != BS_OK)
+  if (w.finish(&m_bsValue.replace()) != BS_OK)
     return ASN1_FAIL("ASN1BitString", "setBitString", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return 0;
 }
 
 ByteString ASN1BitString::getBitString(int* pnUnusedBits) {
-  if (m_bsValue.length() == 0) {
+  if (valueLength() == 0) {
     ASN1_FAIL("ASN1BitString", "getBitString", "m_bsValue", asn1_code::kBitStringEmpty, asn1_msg::kBitStringEmpty);
     return ByteString();
   }
-  if (pnUnusedBits) *pnUnusedBits = m_bsValue.data()[0];
-  return ByteString(m_bsValue.data() + 1, m_bsValue.length() - 1);
+  if (pnUnusedBits) *pnUnusedBits = valueData()[0];
+  return ByteString(valueData() + 1, valueLength() - 1);
 }

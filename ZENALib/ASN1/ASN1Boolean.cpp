@@ -12,7 +12,7 @@ int ASN1Boolean::fromASN1View(const unsigned char* pData, int nData) {
 
 void ASN1Boolean::setBoolean(bool bValue) {
   const unsigned char octet = bValue ? 0xFF : 0x00;
-  m_bsValue.setData(&octet, 1);
+  m_bsValue.replace().setData(&octet, 1);
 }
 
-bool ASN1Boolean::getBoolean() const { return m_bsValue.length() > 0 && m_bsValue.data()[0] != 0; }
+bool ASN1Boolean::getBoolean() const { return valueLength() > 0 && valueData()[0] != 0; }

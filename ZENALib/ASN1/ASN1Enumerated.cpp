@@ -13,6 +13,6 @@ int ASN1Enumerated::fromASN1View(const unsigned char* pData, int nData) {
                      "TagType(%d) is not ASN1_TAG_ENUMERATED.");
 }
 
-void ASN1Enumerated::setEnumerated(int nValue) { ASN1Integer::EncodeNative(nValue, &m_bsValue); }
+void ASN1Enumerated::setEnumerated(int nValue) { ASN1Integer::EncodeNative(nValue, &m_bsValue.replace()); }
 
-int ASN1Enumerated::getEnumerated() const { return ASN1Integer::DecodeNative(m_bsValue); }
+int ASN1Enumerated::getEnumerated() const { return ASN1Integer::DecodeNative(getValue()); }

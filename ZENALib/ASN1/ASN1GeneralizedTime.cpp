@@ -22,7 +22,7 @@ int ASN1GeneralizedTime::fromASN1View(const unsigned char* pData, int nData) {
   if (const int rc = decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_GENERALIZEDTIME,
                                  "TagType(%d) is not ASN1_TAG_GENERALIZEDTIME"))
     return rc;
-  if (checkGMTTime(m_bsValue.c_str(), m_bsValue.length()) != 0)
+  if (checkGMTTime(reinterpret_cast<const char*>(valueData()), valueLength()) != 0)
     return ASN1_FAIL_CHAINED(kClass, "fromASN1Object", "checkGMTTime", asn1_code::kTimeText);
   return 0;
 }
@@ -75,7 +75,7 @@ int ASN1GeneralizedTime::setGMTTime(std::time_t tTime) {
   }
   char text[24];
   asn1_calendar::FormatTime(tTime, true, text);
-  m_bsValue = text;
+  m_bsValue.replace() = text;
   m_GMTTime = tTime;
   return 0;
 }

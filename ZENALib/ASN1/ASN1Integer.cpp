@@ -48,11 +48,11 @@ int ASN1Integer::DecodeNative(const ByteString& bsValue) {
   return static_cast<int>(static_cast<std::uint32_t>(value));
 }
 
-void ASN1Integer::setInteger(int nValue) { EncodeNative(nValue, &m_bsValue); }
+void ASN1Integer::setInteger(int nValue) { EncodeNative(nValue, &m_bsValue.replace()); }
 
 int ASN1Integer::setInteger(const void* pData, int nLength, int nSign) {
   if (!pData || nLength <= 0) {
-    m_bsValue.clear();
+    m_bsValue.replace().clear();
     return 0;
   }
   const unsigned char* p = static_cast<const unsigned char*>(pData);
@@ -61,7 +61,7 @@ int ASN1Integer::setInteger(const void* pData, int nLength, int nSign) {
   if (nSign == 0 && (p[0] & 0x80)) w.u8(0x00);         // unsigned magnitude
   else if (nSign == -1 && !(p[0] & 0x80)) w.u8(0xFF);  // negative number
   w.bytes(p, static_cast<std::size_t>(nLength));
-  if (w.finish(&m_bsValue) != BS_OK)
+  if (w.finish(&m_bsValue.replace()) != BS_OK)
     return ASN1_FAIL("ASN1Integer", "setInteger", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return 0;
 }
@@ -70,4 +70,4 @@ int ASN1Integer::setInteger(const ByteString& bsData, int nSign) {
   return setInteger(bsData.data(), bsData.length(), nSign);
 }
 
-int ASN1Integer::getInteger() const { return DecodeNative(m_bsValue); }
+int ASN1Integer::getInteger() const { return DecodeNative(getValue()); }

@@ -198,7 +198,9 @@ int ASN1Object::encodeTo(ByteWriter& w) {
                   static_cast<std::uint64_t>(m_bsValue.length()), &h) != 0)
     return -1;
   if (m_bSecret) w.secret(true);
-  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter))
+      .bytes(h.inner, static_cast<std::size_t>(h.nInner))
+      .bytes(m_bsValue.data(), static_cast<std::size_t>(m_bsValue.length()));
   return 0;
 }
 
@@ -217,7 +219,9 @@ ByteString& ASN1Object::toASN1Object() {
   // One allocation for the whole encoding.
   ByteWriter w;
   w.secret(m_bSecret).reserve(static_cast<std::size_t>(h.nOuter + h.nInner + m_bsValue.length()));
-  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter)).bytes(h.inner, static_cast<std::size_t>(h.nInner)).bytes(m_bsValue);
+  w.bytes(h.outer, static_cast<std::size_t>(h.nOuter))
+      .bytes(h.inner, static_cast<std::size_t>(h.nInner))
+      .bytes(m_bsValue.data(), static_cast<std::size_t>(m_bsValue.length()));
   if (w.finish(&m_bsEncoded) != BS_OK) {
     m_bsEncoded.clear();
     ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kEncodeNoMemory, asn1_msg::kMemoryError);
@@ -321,7 +325,9 @@ int ASN1Object::findIndefiniteLengEnd(const unsigned char* p, int nAvail, int* p
 int ASN1Object::fromASN1Object(const ByteString& bsData) { return decodeElement(viewOf(bsData), bsData.length()); }
 
 int ASN1Object::fromASN1View(const unsigned char* pData, int nData) {
-  // Reached only by classes that decode in fromASN1Object alone.
+  // Reached only by classes that decode in fromASN1Object alone. Their
+  // values are copied: the temporary below dies with this call.
+  m_bKeepViews = false;
   return fromASN1Object(pData ? ByteString(pData, nData) : ByteString());
 }
 
@@ -337,7 +343,12 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
       return 0;
     }
     if (m_bSecret) m_bsValue.zeroize();
-    if (m_bsValue.setData(p, len) != BS_OK)
+    // A secret is never left in an input that others may hold.
+    if (m_bKeepViews && !m_bSecret) {
+      m_bsValue.setView(p, len);
+      return 0;
+    }
+    if (m_bsValue.replace().setData(p, len) != BS_OK)
       return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kNoData, asn1_msg::kMemoryError);
     return 0;
   };
@@ -346,6 +357,14 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   m_ucConstructed = 0;
   const unsigned char low = static_cast<unsigned char>(d[0] & 0x1F);
   constexpr std::uint32_t kReserved = (1u << 13) | (1u << 14) | (1u << 15) | (1u << 29) | (1u << 31);
+  if (!(d[0] & 0xC0) && !((kReserved >> low) & 1u) && d[1] < 0x80 && d[1] <= n - 2) {
+    // Most elements: a universal identifier and a short length inside the input.
+    m_ucTagClass = static_cast<unsigned char>(d[0] & 0xE0);
+    m_ucTaggedType = ASN1_UNTAGGED;
+    m_ucPrimitiveTag = low;
+    m_ucConstructed = static_cast<unsigned char>(d[0] & ASN1_CONSTRUCTED);
+    return keep(d + 2, d[1]);
+  }
   if (!(d[0] & 0xC0) && !((kReserved >> low) & 1u)) {
     // The usual universal identifier, classified as checkASN1Member would.
     m_ucTagClass = static_cast<unsigned char>(d[0] & 0xE0);
@@ -438,7 +457,7 @@ int ASN1Object::setValue(const void* pData, int nLength) {
   const unsigned char* p = pData ? static_cast<const unsigned char*>(pData) : reinterpret_cast<const unsigned char*>("");
   if (const int rc = checkValue(p, nLength)) return rc;
   if (m_bSecret) m_bsValue.zeroize();
-  if (m_bsValue.setData(p, nLength) != BS_OK)
+  if (m_bsValue.replace().setData(p, nLength) != BS_OK)
     return ASN1_FAIL(kClass, "setValue", "m_bsValue", asn1_code::kValueNoMemory, asn1_msg::kMemoryError);
   return afterSetValue();
 }

@@ -1,8 +1,9 @@
 // ASN1Object: the base of every ASN.1 value of the toolkit.
 //
-// An object holds its content octets (m_bsValue) and a description of its
-// identifier: the universal tag of its type, and optionally an implicit or an
-// explicit tag. toASN1Object() writes DER (definite, minimal lengths);
+// An object holds its content octets (m_bsValue, which a structure's decode
+// may leave in its input until they are asked for as a ByteString) and a
+// description of its identifier: the universal tag of its type, and
+// optionally an implicit or an explicit tag. toASN1Object() writes DER (definite, minimal lengths);
 // fromASN1Object() reads one element, accepting BER indefinite lengths.
 //
 // Errors: every operation returns 0 or a positive code, sets the error code
@@ -14,6 +15,7 @@
 #include <cstdint>
 
 #include "base/ByteString.h"
+#include "ZENALib/ASN1/ASN1ViewBytes.h"
 
 class ByteWriter;
 
@@ -108,8 +110,10 @@ class ASN1Object {
   // setExplicitTag: tagged type 2, class | 0x20; returns the tag number.
   int setExplicitTag(int nTagNo, unsigned char ucClass);
 
-  ByteString& getValue() { return m_bsValue; }
-  const ByteString& getValue() const { return m_bsValue; }
+  // The content octets. A value decoded by a structure may still lie in the
+  // structure's input; asking for it as a ByteString copies it out then.
+  ByteString& getValue() { return m_bsValue.owned(); }
+  const ByteString& getValue() const { return m_bsValue.bytes(); }
   int getValueLength() const { return m_bsValue.length(); }
   unsigned char getTaggedType() const { return m_ucTaggedType; }
   int getOptionTagNo() const { return m_nOptionTagNo; }
@@ -179,6 +183,25 @@ class ASN1Object {
   virtual int checkValue(const unsigned char* p, int n);
   // Runs after a value was stored by setValue (sequences rebuild their table).
   virtual int afterSetValue();
+  // The content octets where they lie, without copying them out.
+  const unsigned char* valueData() const { return m_bsValue.data(); }
+  int valueLength() const { return m_bsValue.length(); }
+  // Decodes a member of this object from (p, n), part of this object's own
+  // input: when that input outlives the member (m_bKeepViews), the member's
+  // values may point into it instead of being copied.
+  int decodeChild(ASN1Object& child, const unsigned char* p, int n) {
+    child.m_bKeepViews = m_bKeepViews;
+    const int rc = child.fromASN1View(p, n);
+    child.m_bKeepViews = false;
+    return rc;
+  }
+ public:
+  // Copies every value that still points into a decoded input into storage
+  // of this object's own, here and in every member; a container that moves
+  // its items without moving them one by one calls it on each.
+  virtual void detachViews() { m_bsValue.detach(); }
+
+ protected:
 
   // Identifier and length octets around nContent octets of contents.
   struct Header {
@@ -204,11 +227,13 @@ class ASN1Object {
   int m_nOptionTagNo;
   unsigned char m_ucTagClass;
   int m_nErrorCode;
-  ByteString m_bsValue;
+  ASN1ViewBytes m_bsValue;
   ByteString m_bsEncoded;
   ByteString m_bsErrorMsg;
   unsigned char m_ucConstructed;
   bool m_bSecret = false;
+  // Set only while a decode runs whose input outlives this object.
+  bool m_bKeepViews = false;
 
  private:
   // Wipes the value and the encoding when they are secret.

@@ -72,13 +72,13 @@ int ASN1ObjectIdentifier::setOID(const char* szText, int nLength) {
   out[0] = static_cast<unsigned char>(40 * arcs[0] + arcs[1]);
   int n = 1;
   for (int i = 2; i < count; ++i) n += putBase128(out + n, arcs[i]);
-  m_bsValue.setData(out, n);
+  m_bsValue.replace().setData(out, n);
   return 0;
 }
 
 ByteString ASN1ObjectIdentifier::getOID(char cSeparator) {
-  const unsigned char* p = m_bsValue.data();
-  const int n = m_bsValue.length();
+  const unsigned char* p = valueData();
+  const int n = valueLength();
   if (n == 0) {
     ASN1_FAIL(kClass, "getOID", "nOID", asn1_code::kOidTooShort, asn1_msg::kOidFormat);
     return ByteString();

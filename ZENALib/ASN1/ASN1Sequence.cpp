@@ -88,7 +88,7 @@ int ASN1Sequence::decodeConstructed(const char* szFile, int nLine, const unsigne
                                  m_bBorrow ? &content : nullptr, m_bBorrow ? &contentLength : nullptr))
     return rc;
   if (m_bBorrow) {
-    m_bsValue.clear();
+    m_bsValue.replace().clear();
     // A zero-length contents keeps a non-null view so contents() stays on it.
     m_pBorrowed = content;
     m_nBorrowed = contentLength;
@@ -197,13 +197,14 @@ int ASN1Sequence::addComponent(const ByteString& bsComponent, int nTagKey) {
     return ASN1_FAIL_CHAINED(kClass, kMethod, "ReallocCompontntInfo", asn1_code::kComponentFailed);
   if (m_pBorrowed) {
     // Building on a borrowed walk starts from a value of its own.
-    if (m_bsValue.setData(m_pBorrowed, m_nBorrowed) != BS_OK)
+    if (m_bsValue.replace().setData(m_pBorrowed, m_nBorrowed) != BS_OK)
       return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
     m_pBorrowed = nullptr;
     m_nBorrowed = 0;
   }
-  const int offset = m_bsValue.length();
-  if (m_bsValue.append(bsComponent.data(), bsComponent.length()) != BS_OK)
+  ByteString& value = m_bsValue.owned();
+  const int offset = value.length();
+  if (value.append(bsComponent.data(), bsComponent.length()) != BS_OK)
     return ASN1_FAIL(kClass, kMethod, "m_bsValue", asn1_code::kComponentFailed, asn1_msg::kMemoryError);
   pComponentInfo[m_nComponentCount] = ComponentInfo{offset, bsComponent.length(), nTagKey};
   ++m_nComponentCount;
@@ -261,7 +262,7 @@ int ASN1Sequence::getComponentTag(int nIndex) const {
 }
 
 void ASN1Sequence::removeAllComponents() {
-  m_bsValue.clear();
+  m_bsValue.replace().clear();
   m_pBorrowed = nullptr;
   m_nBorrowed = 0;
   m_nComponentCount = 0;

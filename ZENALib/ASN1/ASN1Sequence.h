@@ -86,8 +86,8 @@ class ASN1Sequence : public ASN1Object {
                         unsigned char ucTag, const char* szTagFormat);
   // The contents the table refers to: the caller's bytes after
   // borrowComponents, m_bsValue otherwise.
-  const unsigned char* contents() const { return m_pBorrowed ? m_pBorrowed : m_bsValue.data(); }
-  int contentsLength() const { return m_pBorrowed ? m_nBorrowed : m_bsValue.length(); }
+  const unsigned char* contents() const { return m_pBorrowed ? m_pBorrowed : valueData(); }
+  int contentsLength() const { return m_pBorrowed ? m_nBorrowed : valueLength(); }
 
   int m_nComponentCount;
   int m_nComponentCapacity;

@@ -22,7 +22,7 @@ int ASN1UTCTime::fromASN1View(const unsigned char* pData, int nData) {
   if (const int rc = decodeTyped(__FILE__, __LINE__, pData, nData, kClass, ASN1_TAG_UTCTIME,
                                  "TagType(%d) is not ASN1_TAG_UTCTIME"))
     return rc;
-  if (checkUTCTime(m_bsValue.c_str(), m_bsValue.length()) != 0)
+  if (checkUTCTime(reinterpret_cast<const char*>(valueData()), valueLength()) != 0)
     return ASN1_FAIL_CHAINED(kClass, "fromASN1Object", "checkUTCTime", asn1_code::kTimeText);
   return 0;
 }
@@ -102,7 +102,7 @@ int ASN1UTCTime::setGMTTime(std::time_t tTime) {
   }
   char text[24];
   asn1_calendar::FormatTime(tTime, false, text);
-  m_bsValue = text;
+  m_bsValue.replace() = text;
   m_GMTTime = tTime;
   return 0;
 }

@@ -12,8 +12,8 @@ int ASN1UTF8String::fromASN1View(const unsigned char* pData, int nData) {
 }
 
 ByteString& ASN1UTF8String::getUCS2Value() {
-  const unsigned char* p = m_bsValue.data();
-  const int n = m_bsValue.length();
+  const unsigned char* p = valueData();
+  const int n = valueLength();
   ByteWriter w;
   w.reserve(static_cast<std::size_t>(n) * 2);
   for (int i = 0; i < n;) {

@@ -7,14 +7,18 @@
 
 int RAny::store(const unsigned char* p, int n) {
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0 || h.headerLength > static_cast<int>(sizeof m_aHeader)) return R_ERR_FORMAT;
+  const bool plain = p && n >= 2 && RPlainHeader(p, static_cast<std::size_t>(n), &h);
+  if ((!plain && RReadHeader(p, n, &h) != 0) || h.headerLength > static_cast<int>(sizeof m_aHeader))
+    return R_ERR_FORMAT;
   const int content = h.contentLength >= 0 ? h.contentLength : h.totalLength - h.headerLength - 2;
   if (isSecret()) {
     m_bsElement.zeroize();
     m_bsValue.zeroize();
   }
   m_bsElement.clear();
-  if (m_bsValue.setData(p + h.headerLength, content) != BS_OK) {
+  if (m_bKeepViews && !isSecret()) {
+    m_bsValue.setView(p + h.headerLength, content);
+  } else if (m_bsValue.replace().setData(p + h.headerLength, content) != BS_OK) {
     m_nHeader = 0;
     return R_ERR_FORMAT;
   }
@@ -27,7 +31,7 @@ int RAny::store(const unsigned char* p, int n) {
 
 void RAny::writeElement(ByteWriter& w) const {
   static const unsigned char kEnd[2] = {0, 0};
-  w.bytes(m_aHeader, m_nHeader).bytes(m_bsValue);
+  w.bytes(m_aHeader, m_nHeader).bytes(valueData(), static_cast<std::size_t>(valueLength()));
   if (m_bEndOctets) w.bytes(kEnd, 2);
 }
 
@@ -43,7 +47,7 @@ int RAny::afterSetValue() {
   if (isSecret()) m_bsElement.zeroize();
   m_bsElement.clear();
   m_nHeader = static_cast<unsigned char>(
-      idLength + putLength(m_aHeader + idLength, static_cast<std::uint32_t>(m_bsValue.length())));
+      idLength + putLength(m_aHeader + idLength, static_cast<std::uint32_t>(valueLength())));
   m_bEndOctets = false;
   return 0;
 }

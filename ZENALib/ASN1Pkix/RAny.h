@@ -22,7 +22,7 @@ class RAny : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
 
   // The element itself (identifier, length, contents); empty when unset.
@@ -40,7 +40,7 @@ class RAny : public RObject {
  private:
   int store(const unsigned char* p, int n);
   // The element's length: header, contents and end-of-contents octets; 0 when unset.
-  int elementLength() const { return m_nHeader ? m_nHeader + m_bsValue.length() + (m_bEndOctets ? 2 : 0) : 0; }
+  int elementLength() const { return m_nHeader ? m_nHeader + valueLength() + (m_bEndOctets ? 2 : 0) : 0; }
   void writeElement(ByteWriter& w) const;
 
   unsigned char m_aHeader[12];

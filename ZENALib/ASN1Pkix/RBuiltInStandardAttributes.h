@@ -36,7 +36,7 @@ class RBuiltInStandardAttributes : public RStructure {
   R_COMPONENTS(RBuiltInStandardAttributes)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
 
  protected:

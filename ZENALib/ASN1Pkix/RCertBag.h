@@ -22,6 +22,6 @@ class RCertBag : public RStructure {
   R_COMPONENTS(RCertBag)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
 };

@@ -15,15 +15,21 @@ class RCertificate : public RStructure {
   R_COMPONENTS(RCertificate)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   // The tbsCertificate exactly as received: a signature is checked over
   // these bytes, never over a re-encoding.
-  const ByteString& getRawTBSCertificate() const { return m_bsRawTBSCertificate; }
+  const ByteString& getRawTBSCertificate() const { return m_bsRawTBSCertificate.bytes(); }
 
  protected:
   void componentDecoded(const ASN1Object& member, const unsigned char* p, int n) override;
 
+ public:
+  void detachViews() override {
+    RStructure::detachViews();
+    m_bsRawTBSCertificate.detach();
+  }
+
  private:
-  ByteString m_bsRawTBSCertificate;
+  ASN1ViewBytes m_bsRawTBSCertificate;
 };

@@ -7,13 +7,17 @@ const RSchema RCertificateList::kSchema =
     R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 
 int RCertificateList::fromASN1View(const unsigned char* pData, int nData) {
-  m_bsRawTBSCertList.clear();
+  m_bsRawTBSCertList.replace().clear();
   const int rc = RStructure::fromASN1View(pData, nData);
-  if (rc != 0) m_bsRawTBSCertList.clear();
+  if (rc != 0) m_bsRawTBSCertList.replace().clear();
   return rc;
 }
 
 void RCertificateList::componentDecoded(const ASN1Object& member, const unsigned char* p, int n) {
   // The signed part, kept once as it was received.
-  if (&member == &m_tbsCertList) m_bsRawTBSCertList.setData(p, n);
+  if (&member != &m_tbsCertList) return;
+  if (m_bKeepViews)
+    m_bsRawTBSCertList.setView(p, n);
+  else
+    m_bsRawTBSCertList.replace().setData(p, n);
 }

@@ -17,15 +17,21 @@ class RCertificateList : public RStructure {
   R_COMPONENTS(RCertificateList)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   // The tbsCertList exactly as received: the signature is checked over
   // these bytes, never over a re-encoding.
-  const ByteString& getRawTBSCertList() const { return m_bsRawTBSCertList; }
+  const ByteString& getRawTBSCertList() const { return m_bsRawTBSCertList.bytes(); }
 
  protected:
   void componentDecoded(const ASN1Object& member, const unsigned char* p, int n) override;
 
+ public:
+  void detachViews() override {
+    RStructure::detachViews();
+    m_bsRawTBSCertList.detach();
+  }
+
  private:
-  ByteString m_bsRawTBSCertList;
+  ASN1ViewBytes m_bsRawTBSCertList;
 };

@@ -87,3 +87,10 @@ int RChoice::fromASN1View(const unsigned char* pData, int nData) {
   msg.format(r_msg::kNoAlternativeFor, h.first);
   return failAt(&s, "fromASN1Object", "m_nSelected", R_ERR_CHOICE, msg.c_str());
 }
+
+void RChoice::detachViews() {
+  RObject::detachViews();
+  const RSchema& s = schema();
+  for (int i = 0; i < s.nFields; ++i)
+    if (const ASN1Object* m = s.fields[i].peek(*this)) const_cast<ASN1Object*>(m)->detachViews();
+}

@@ -128,7 +128,8 @@ class RChoice : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
+  void detachViews() override;
   int fromASN1View(const unsigned char* pData, int nData) override;
 
   // Index of the selected alternative in the schema, -1 when none is.

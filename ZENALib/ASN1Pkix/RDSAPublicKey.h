@@ -22,7 +22,7 @@ class RDSAPublicKey : public RStructure {
   R_COMPONENTS(RDSAPublicKey)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   // The public value; setY makes the object the four-component key form,
   // clearY the three-component parameters.

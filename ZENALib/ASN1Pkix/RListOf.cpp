@@ -56,8 +56,16 @@ ByteString& RListBase::toASN1Object() {
 int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   m_nErrorCode = 0;
   removeAllItems();
+  const unsigned char tag = m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE;
+  const unsigned char* c = nullptr;
+  int nc = 0;
+  if (RPlainContents(pData, nData, tag, &c, &nc) && decodePlain(c, nc) == 0) return 0;
+  // Anything out of the ordinary, or a failure: the general walk decodes
+  // again and reports it exactly.
+  m_nErrorCode = 0;
+  removeAllItems();
   // The items are walked in place: no copy of the contents.
-  RComponentWalk walk(m_ucPrimitiveTag == ASN1_TAG_SET ? ASN1_TAG_SET : ASN1_TAG_SEQUENCE);
+  RComponentWalk walk(tag);
   int rc = walk.open(pData, nData);
   if (rc != 0) return failAt(nullptr, "fromASN1Object", "asnSeq", rc, walk.sequence().getErrorMessage().c_str());
   // Room for every item at once: growing would copy the items decoded so far.
@@ -66,8 +74,28 @@ int RListBase::fromASN1View(const unsigned char* pData, int nData) {
   int n = 0;
   while (walk.next(&p, &n)) {
     ASN1Object& item = appendItem();
-    if ((rc = item.fromASN1View(p, n)) != 0)
+    if ((rc = decodeChild(item, p, n)) != 0)
       return failAt(nullptr, "fromASN1Object", "m_items", rc, item.getErrorMessage().c_str());
+  }
+  return 0;
+}
+
+void RListBase::detachViews() {
+  RObject::detachViews();
+  for (int i = 0; i < getCount(); ++i) itemAt(i).detachViews();
+}
+
+int RListBase::decodePlain(const unsigned char* c, int n) {
+  const unsigned char* const end = c + n;
+  RElementHeader h;
+  int count = 0;
+  for (const unsigned char* q = c; q < end; q += h.totalLength, ++count)
+    if (!RPlainHeader(q, static_cast<std::size_t>(end - q), &h)) return -1;
+  // Room for every item at once: growing would move the items decoded so far.
+  reserveItems(count);
+  for (const unsigned char* q = c; q < end; q += h.totalLength) {
+    RPlainHeader(q, static_cast<std::size_t>(end - q), &h);  // read above
+    if (decodeChild(appendItem(), q, h.totalLength) != 0) return -1;
   }
   return 0;
 }

@@ -9,9 +9,37 @@
 // from DER input therefore encodes back to the same bytes).
 #pragma once
 
+#include <new>
+#include <utility>
 #include <vector>
 
 #include "ZENALib/ASN1Pkix/RObject.h"
+
+// The allocator of list items: an item added empty is default-initialised
+// (its constructors run) rather than value-initialised, which would first
+// fill the whole object with zeros before running them.
+template <typename T>
+struct RItemAllocator : std::allocator<T> {
+  template <typename U>
+  struct rebind {
+    using other = RItemAllocator<U>;
+  };
+  RItemAllocator() = default;
+  template <typename U>
+  RItemAllocator(const RItemAllocator<U>&) noexcept {}
+  template <typename U>
+  void construct(U* p) {
+    ::new (static_cast<void*>(p)) U;
+  }
+  template <typename U, typename... A>
+  void construct(U* p, A&&... a) {
+    ::new (static_cast<void*>(p)) U(std::forward<A>(a)...);
+  }
+};
+
+// The items of a list.
+template <typename T>
+using RItems = std::vector<T, RItemAllocator<T>>;
 
 class RListBase : public RObject {
  public:
@@ -19,9 +47,10 @@ class RListBase : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   virtual int getCount() const = 0;
+  void detachViews() override;
 
  protected:
   RListBase(const char* szClass, unsigned char ucTag) : RObject(ucTag), m_szClass(szClass) {}
@@ -31,6 +60,10 @@ class RListBase : public RObject {
   virtual void reserveItems(int n) = 0;
 
  private:
+  // The decode of plain contents (every item a plain header): 0, or -1 when
+  // anything is out of the ordinary or fails.
+  int decodePlain(const unsigned char* c, int n);
+
   const char* m_szClass;
 };
 
@@ -43,7 +76,22 @@ class RListOf : public RListBase {
   const T* getAt(int i) const { return i >= 0 && i < getCount() ? &m_items[static_cast<std::size_t>(i)] : nullptr; }
   void add(const T& item) { m_items.push_back(item); }
   void removeAll() { m_items.clear(); }
-  const std::vector<T>& items() const { return m_items; }
+  const RItems<T>& items() const { return m_items; }
+
+  RListOf(const RListOf&) = default;
+  RListOf& operator=(const RListOf&) = default;
+  // The items change hands without being moved one by one, so values that
+  // point into the source's input are copied out first.
+  RListOf(RListOf&& other) noexcept : RListBase(std::move(other)), m_items(std::move(other.m_items)) {
+    for (T& item : m_items) item.detachViews();
+  }
+  RListOf& operator=(RListOf&& other) noexcept {
+    RListBase::operator=(std::move(other));
+    m_items = std::move(other.m_items);
+    for (T& item : m_items) item.detachViews();
+    return *this;
+  }
+  ~RListOf() override = default;
 
  protected:
   explicit RListOf(const char* szClass, unsigned char ucTag = ASN1_TAG_SEQUENCE) : RListBase(szClass, ucTag) {}
@@ -55,7 +103,7 @@ class RListOf : public RListBase {
   void removeAllItems() override { m_items.clear(); }
   void reserveItems(int n) override { m_items.reserve(static_cast<std::size_t>(n)); }
 
-  std::vector<T> m_items;
+  RItems<T> m_items;
 };
 
 // A SET OF collection.

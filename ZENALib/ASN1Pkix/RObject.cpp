@@ -1,9 +1,12 @@
 #include "ZENALib/ASN1Pkix/RObject.h"
 
+#include <cstdlib>
+#include <cstring>
 #include <new>
 
 #include "base/ByteReader.h"
 #include "base/Limits.h"
+#include "base/SecureZero.h"
 
 namespace {
 
@@ -112,6 +115,15 @@ int RComponentWalk::open(const unsigned char* pData, int nData) {
   ByteReader r(m_pContent, static_cast<std::size_t>(m_nContent));
   int count = 0;
   while (!r.empty()) {
+    const unsigned char* q = r.data();
+    const std::size_t left = r.remaining();
+    if (left >= 2 && q[1] < 0x80 && q[1] <= left - 2 && (q[0] & 0x1F) < 13) {
+      // The usual component: a low tag below the reserved ones and a short length.
+      if (count < kKept) m_aHeader[count] = RElementHeader{q[0], q[0] & 0x1F, 1, 2, q[1], q[1] + 2};
+      r.skip(static_cast<std::size_t>(q[1]) + 2);
+      ++count;
+      continue;
+    }
     TagLength t;
     const unsigned char first = r.data()[0];
     const unsigned char utag = static_cast<unsigned char>(first & 0x1F);
@@ -187,6 +199,26 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   m_nOffset += *pn;
   ++m_nNext;
   return true;
+}
+
+RObject::~RObject() {
+  if (m_pInput) {
+    SecureZero(m_pInput, static_cast<std::size_t>(m_nInput));
+    std::free(m_pInput);
+  }
+}
+
+int RObject::decodeOwned(const ByteString& bsData) {
+  const int n = bsData.length();
+  if (m_pInput || n <= 0) return fromASN1View(viewOf(bsData), n);
+  m_pInput = static_cast<unsigned char*>(std::malloc(static_cast<std::size_t>(n)));
+  if (!m_pInput) return fromASN1View(viewOf(bsData), n);  // without memory for the copy, values copy themselves
+  std::memcpy(m_pInput, bsData.data(), static_cast<std::size_t>(n));
+  m_nInput = n;
+  m_bKeepViews = true;
+  const int rc = fromASN1View(m_pInput, n);
+  m_bKeepViews = false;
+  return rc;
 }
 
 int RObject::failAt(const RSchema* schema, const char* method, const char* field, int code, const char* message) {
@@ -284,16 +316,27 @@ int RObject::encodeField(const RSchema* schema, const RField& f, ASN1Sequence& s
 
 int RObject::decodeField(const RSchema* schema, const RField& f, const unsigned char* p, int n) {
   ASN1Object& m = f.ref(*this);
-  applyFieldTag(f);
+  if (f.kind == RKind::Universal || f.kind == RKind::Any) {
+    if (const int rc = decodeChild(m, p, n))
+      return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
+    return 0;
+  }
+  const auto tag = [&] {
+    if (f.kind == RKind::Explicit)
+      m.setExplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+    else
+      m.setImplicitTag(f.tag, ASN1_CLASS_CONTEXT);
+  };
+  tag();
   RElementHeader h{};
   const unsigned char utag = m.getPrimitiveTag();
   int rc;
   if (f.kind == RKind::Implicit && utag != ASN1_TAG_NONE && RReadHeader(p, n, &h) == 0 && h.constructed()) {
     rc = m.fromASN1Object(RetagAsUniversal(p, n, h, utag));
   } else {
-    rc = m.fromASN1View(p, n);
+    rc = decodeChild(m, p, n);
   }
   if (rc != 0) return failAt(schema, "fromASN1Object", f.member, rc, m.getErrorMessage().c_str());
-  applyFieldTag(f);  // decoding may have replaced the tagging with what the data said
+  tag();  // decoding may have replaced the tagging with what the data said
   return 0;
 }

@@ -13,6 +13,9 @@
 #include "ZENALib/ASN1/ASN1Sequence.h"
 #include "ZENALib/ASN1/ASN1Set.h"
 #include "ZENALib/ASN1Pkix/RSchema.h"
+#include "base/ByteReader.h"
+
+#include <utility>
 
 constexpr int R_ERR_COUNT = 21;
 constexpr int R_ERR_TAG = 22;
@@ -34,6 +37,47 @@ struct RElementHeader {
 // Reads the header of the element at p (n octets available); 0, or
 // R_ERR_FORMAT when it is malformed or runs past n.
 int RReadHeader(const unsigned char* p, int n, RElementHeader* h);
+
+// The header of the element at p (left octets available) when it is plain:
+// a low tag number that no component table refuses and a definite length
+// inside the input. False for anything else (not necessarily an error: the
+// engines then walk the element the general way, which says what is wrong).
+inline bool RPlainHeader(const unsigned char* p, std::size_t left, RElementHeader* h) {
+  if (left < 2) return false;
+  const unsigned char b0 = p[0];
+  const unsigned char low = static_cast<unsigned char>(b0 & 0x1F);
+  if (low == 0x1F || (!(b0 & 0xC0) && ((low >= 13 && low <= 15) || low == 29))) return false;
+  std::uint32_t len = p[1];
+  int hl = 2;
+  if (len >= 0x80) {
+    ByteReader r(p + 1, left - 1);
+    bool indefinite = false;
+    if (r.readLength(&len, &indefinite) != BS_OK || indefinite) return false;
+    hl = static_cast<int>(left - r.remaining());
+  }
+  if (len > left - static_cast<std::size_t>(hl)) return false;
+  *h = RElementHeader{b0, low, 1, hl, static_cast<int>(len), hl + static_cast<int>(len)};
+  return true;
+}
+
+// The contents of a plain universal SEQUENCE or SET (ucTag) element at p
+// (n octets), also when a context tag wraps it as the only element inside:
+// true with (*pc, *pn) when every header on the way is plain in the sense
+// above.
+inline bool RPlainContents(const unsigned char* p, int n, unsigned char ucTag, const unsigned char** pc, int* pn) {
+  RElementHeader h;
+  if (!p || n < 2 || !RPlainHeader(p, static_cast<std::size_t>(n), &h)) return false;
+  if ((p[0] & 0xE0) == (ASN1_CLASS_CONTEXT | ASN1_CONSTRUCTED)) {
+    const unsigned char* inner = p + h.headerLength;
+    const int total = h.contentLength;
+    if (total < 2 || !RPlainHeader(inner, static_cast<std::size_t>(total), &h) || h.totalLength != total) return false;
+    p = inner;
+  }
+  if (p[0] != (ASN1_CONSTRUCTED | ucTag)) return false;
+  *pc = p + h.headerLength;
+  *pn = h.contentLength;
+  return true;
+}
 
 // Copies the first component of the constructed element `outer` as it stands
 // in the input (the signed part of a certificate or CRL: a signature is
@@ -86,6 +130,20 @@ class RComponentWalk {
 
 class RObject : public ASN1Object {
  public:
+  // The input a decode kept stays with the object that decoded it: copies and
+  // moves get values of their own (ASN1ViewBytes).
+  RObject(const RObject& other) : ASN1Object(other) {}
+  RObject(RObject&& other) noexcept : ASN1Object(std::move(other)) {}
+  RObject& operator=(const RObject& other) {
+    ASN1Object::operator=(other);
+    return *this;
+  }
+  RObject& operator=(RObject&& other) noexcept {
+    ASN1Object::operator=(std::move(other));
+    return *this;
+  }
+  ~RObject() override;
+
   // Class name used in traces.
   virtual const char* className() const = 0;
   // The encoding built by the last toASN1Object, or built now when there is
@@ -99,6 +157,13 @@ class RObject : public ASN1Object {
 
  protected:
   explicit RObject(unsigned char ucTag) { m_ucPrimitiveTag = ucTag; }
+
+  // The decode behind fromASN1Object(const ByteString&): the first decode of
+  // an object copies the input once and keeps it while the object lives, and
+  // the values of its members point into that copy instead of each holding
+  // one of their own. A later decode of the same object copies its values
+  // (members it leaves alone may still point into the first input).
+  int decodeOwned(const ByteString& bsData);
 
   // Records a failure of this class: the trace line names the class, the
   // method and the field, and chains `message` after it.
@@ -147,4 +212,9 @@ class RObject : public ASN1Object {
   // The element inside this object's own explicit tag: (p, n) is narrowed
   // to the inner element. 0 or R_ERR_FORMAT.
   static int unwrapExplicit(const unsigned char** p, int* n);
+
+ private:
+  // The input kept by decodeOwned (wiped before it is freed: it may hold keys).
+  unsigned char* m_pInput = nullptr;
+  int m_nInput = 0;
 };

@@ -65,7 +65,7 @@ int ROctetString::fromASN1View(const unsigned char* pData, int nData) {
   if (joinSegments(p + h.headerLength, ContentLength(h), 0, nullptr, &total) != 0 || value.resize(total) != BS_OK)
     return ASN1_FAIL("ROctetString", "fromASN1Object", "segment", R_ERR_FORMAT, asn1_msg::kFormatError);
   joinSegments(p + h.headerLength, ContentLength(h), 0, value.buffer(), &copied);
-  m_bsValue = std::move(value);
+  m_bsValue.replace() = std::move(value);
   m_ucConstructed = 0;
   m_nErrorCode = 0;
   return 0;

@@ -30,17 +30,17 @@ const RRevokedCertificate* RRevokedCertificates::getAt(int i) const {
 
 void RRevokedCertificates::unpack() const {
   if (!isKept()) return;
-  auto& items = const_cast<std::vector<RRevokedCertificate>&>(m_items);
+  auto& items = const_cast<RItems<RRevokedCertificate>&>(m_items);
   const int n = getCount();
   items.clear();
   items.reserve(static_cast<std::size_t>(n));
   for (int i = 0; i < n; ++i) items.push_back(entry(i));
   m_built.clear();
   m_offsets.clear();
-  m_bsEntries.clear();
+  m_bsEntries.replace().clear();
 }
 
-const std::vector<RRevokedCertificate>& RRevokedCertificates::items() const {
+const RItems<RRevokedCertificate>& RRevokedCertificates::items() const {
   unpack();
   return m_items;
 }
@@ -66,7 +66,7 @@ void RRevokedCertificates::removeAllItems() {
   m_items.clear();
   m_built.clear();
   m_offsets.clear();
-  m_bsEntries.clear();
+  m_bsEntries.replace().clear();
   m_nVerbatim = -1;
 }
 
@@ -97,7 +97,9 @@ int RRevokedCertificates::fromASN1View(const unsigned char* pData, int nData) {
   }
   const std::size_t total = static_cast<std::size_t>(p + n - first);
   offsets.push_back(static_cast<std::uint32_t>(total));
-  if (m_bsEntries.setData(first, static_cast<int>(total)) != BS_OK) 
+  if (m_bKeepViews)
+    m_bsEntries.setView(first, static_cast<int>(total));
+  else if (m_bsEntries.replace().setData(first, static_cast<int>(total)) != BS_OK)
     return failAt(nullptr, "fromASN1Object", "m_bsEntries", 1, asn1_msg::kMemoryError);
   m_offsets = std::move(offsets);
   return 0;
@@ -154,4 +156,9 @@ int RRevokedCertificates::encodeTo(ByteWriter& w) {
   }
   w.bytes(m_bsEntries.data() + from, static_cast<std::size_t>(m_bsEntries.length()) - from);
   return 0;
+}
+
+void RRevokedCertificates::detachViews() {
+  RListOf::detachViews();
+  m_bsEntries.detach();
 }

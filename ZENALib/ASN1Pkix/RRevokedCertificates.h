@@ -29,9 +29,10 @@ class RRevokedCertificates : public RListOf<RRevokedCertificate> {
   const RRevokedCertificate* getAt(int i) const;
   void add(const RRevokedCertificate& item);
   void removeAll();
-  const std::vector<RRevokedCertificate>& items() const;
+  const RItems<RRevokedCertificate>& items() const;
 
   int fromASN1View(const unsigned char* pData, int nData) override;
+  void detachViews() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
 
@@ -50,9 +51,10 @@ class RRevokedCertificates : public RListOf<RRevokedCertificate> {
   // Whether the kept bytes can be written as they are (see m_nVerbatim).
   bool verbatim();
 
-  // The list's contents as received, and where each entry starts (one more
+  // The list's contents as received (left in the decoded input when the
+  // list is part of a larger decode), and where each entry starts (one more
   // offset at the end); empty unless the list was decoded and not unpacked.
-  mutable ByteString m_bsEntries;
+  mutable ASN1ViewBytes m_bsEntries;
   mutable std::vector<std::uint32_t> m_offsets;
   // The entries built so far, by index.
   mutable std::map<int, RRevokedCertificate> m_built;

@@ -29,7 +29,7 @@ class RSignerInfo : public RStructure {
   R_COMPONENTS(RSignerInfo)
 
  public:
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
   // The signed attributes as received, under the SET tag (0x31) the
   // signature covers (RFC 5652 5.4); empty when there are none.

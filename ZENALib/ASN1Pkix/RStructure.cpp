@@ -96,6 +96,45 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   const RSchema& s = schema();
   m_nErrorCode = 0;
   m_nPresent = 0;
+  const unsigned char* c = nullptr;
+  int n = 0;
+  if (RPlainContents(pData, nData, s.tag, &c, &n) && decodePlain(s, c, n) == 0) return 0;
+  m_nErrorCode = 0;
+  m_nPresent = 0;
+  return decodeWalked(s, pData, nData);
+}
+
+int RStructure::decodePlain(const RSchema& s, const unsigned char* c, int n) {
+  const unsigned char* const end = c + n;
+  RElementHeader h{};
+  bool pending = c < end;
+  if (pending && !RPlainHeader(c, static_cast<std::size_t>(end - c), &h)) return -1;
+  int count = 0;
+  for (int i = 0; i < s.nFields; ++i) {
+    const RField& f = s.fields[i];
+    if (!pending || !fieldMatches(f, h)) {
+      if (f.flags & R_VERSION) {
+        f.ref(*this).setValue("\x00", 1);
+        continue;
+      }
+      if (f.flags & R_OPTIONAL) continue;
+      return -1;
+    }
+    if (decodeField(&s, f, c, h.totalLength) != 0) return -1;
+    componentDecoded(f.ref(*this), c, h.totalLength);
+    if (i < 64) m_nPresent |= std::uint64_t{1} << i;
+    c += h.totalLength;
+    ++count;
+    pending = c < end;
+    if (pending && !RPlainHeader(c, static_cast<std::size_t>(end - c), &h)) return -1;
+  }
+  // Components after the last known one are ignored, but counted.
+  for (; c < end; c += h.totalLength, ++count)
+    if (!RPlainHeader(c, static_cast<std::size_t>(end - c), &h)) return -1;
+  return checkCount(count) == 0 ? 0 : -1;
+}
+
+int RStructure::decodeWalked(const RSchema& s, const unsigned char* pData, int nData) {
   // The components are walked in place: no copy of the contents.
   RComponentWalk walk(s.tag);
   int rc = walk.open(pData, nData);
@@ -134,4 +173,11 @@ int RStructure::fromASN1View(const unsigned char* pData, int nData) {
   }
   // Components after the last known one (extensions of the schema) are ignored.
   return 0;
+}
+
+void RStructure::detachViews() {
+  RObject::detachViews();
+  const RSchema& s = schema();
+  for (int i = 0; i < s.nFields; ++i)
+    if (const ASN1Object* m = s.fields[i].peek(*this)) const_cast<ASN1Object*>(m)->detachViews();
 }

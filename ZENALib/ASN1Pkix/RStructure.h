@@ -23,8 +23,9 @@ class RStructure : public RObject {
   ByteString& toASN1Object() override;
   std::int64_t encodedLength() override;
   int encodeTo(ByteWriter& w) override;
-  int fromASN1Object(const ByteString& bsData) override { return fromASN1View(viewOf(bsData), bsData.length()); }
+  int fromASN1Object(const ByteString& bsData) override { return decodeOwned(bsData); }
   int fromASN1View(const unsigned char* pData, int nData) override;
+  void detachViews() override;
 
   // Whether an optional member is present (mandatory members always are).
   bool isPresent(const ASN1Object& member) const;
@@ -44,6 +45,12 @@ class RStructure : public RObject {
 
  private:
   int fieldIndex(const ASN1Object& member) const;
+  // The decode of plain contents (every component a plain header): 0, or
+  // -1 when anything is out of the ordinary or fails, and the general walk
+  // then decodes again and reports it exactly.
+  int decodePlain(const RSchema& s, const unsigned char* c, int n);
+  // The general walk: any tagging, BER lengths, and every failure's trace.
+  int decodeWalked(const RSchema& s, const unsigned char* pData, int nData);
 
   std::uint64_t m_nPresent = 0;
 };

@@ -9,7 +9,9 @@
 #include "ZENALib/ASN1Pkix/RTime.h"
 #include "tests/ZENALib/ASN1Pkix/Pkix.h"
 
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 #include "PkixClasses.h"
 
@@ -141,4 +143,36 @@ TEST(SchemaEngine, BuildsFromSetters) {
   RTime unset;  // a CHOICE with nothing selected has nothing to encode
   unset.toASN1Object();
   EXPECT_EQ(unset.getErrorCode(), R_ERR_CHOICE);
+}
+
+// A decode keeps one copy of its input and lets its values point into it.
+// What is copied or moved out of the decoded object, and what several threads
+// read from it at once, must read the same as a decode that copies every
+// value, after the object and its input are gone.
+TEST(SchemaEngine, ValuesLeaveTheDecodedInputIntact) {
+  const ByteString der = pkixtest::Load("x509/korean/certs/test_KTNET_signCert.der");
+  RCertificate copied;  // decoded from a view: every value copied
+  ASSERT_EQ(0, copied.fromASN1View(der.data(), der.length()));
+  const RTBSCertificate& want = copied.getTbsCertificate();
+
+  auto* cert = new RCertificate;
+  ASSERT_EQ(0, cert->fromASN1Object(ByteString(der)));  // the caller's bytes die here
+  RRDNSequence subject = cert->getTbsCertificate().getSubject();
+  RExtensions extensions = std::move(cert->getTbsCertificate().getExtensions());
+  RAlgorithmIdentifier algorithm = std::move(cert->getSignatureAlgorithm());
+  std::vector<std::thread> readers;
+  std::vector<int> same(4, 0);
+  for (int t = 0; t < 4; ++t)
+    readers.emplace_back([&, t] {
+      const RCertificate& shared = *cert;
+      same[t] = shared.getRawTBSCertificate() == copied.getRawTBSCertificate() &&
+                shared.getTbsCertificate().getSerialNumber().getValue() == want.getSerialNumber().getValue();
+    });
+  for (auto& r : readers) r.join();
+  delete cert;
+
+  EXPECT_EQ(std::vector<int>(4, 1), same);
+  EXPECT_TRUE(subject.toASN1Object() == RRDNSequence(want.getSubject()).toASN1Object());
+  EXPECT_TRUE(extensions.toASN1Object() == RExtensions(want.getExtensions()).toASN1Object());
+  EXPECT_TRUE(algorithm.getAlgorithm().getValue() == copied.getSignatureAlgorithm().getAlgorithm().getValue());
 }

@@ -292,7 +292,7 @@ TEST(X509Korean, CaPubsBundles) {
     ASSERT_TRUE(RoundTrips(bundle, pkixtest::Load(std::string("x509/korean/capubs/") + r.bundle)));
     ASSERT_GT(bundle.getCount(), 0);
     std::map<std::string, int> seen;
-    for (RCertificate& cert : const_cast<std::vector<RCertificate>&>(bundle.items())) {
+    for (RCertificate& cert : const_cast<RItems<RCertificate>&>(bundle.items())) {
       if (cert.getTbsCertificate().hasExtensions()) CheckExtensions(cert.getTbsCertificate().getExtensions(), &seen);
     }
     if (!r.split) continue;
