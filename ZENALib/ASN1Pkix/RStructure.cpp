@@ -121,7 +121,7 @@ int RStructure::decodePlain(const RSchema& s, const unsigned char* c, int n) {
       return -1;
     }
     if (decodeField(&s, f, c, h.totalLength) != 0) return -1;
-    componentDecoded(f.ref(*this), c, h.totalLength);
+    if (s.componentHook) componentDecoded(f.ref(*this), c, h.totalLength);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     c += h.totalLength;
     ++count;
@@ -167,7 +167,7 @@ int RStructure::decodeWalked(const RSchema& s, const unsigned char* pData, int n
       return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
     }
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
-    componentDecoded(f.ref(*this), p, n);
+    if (s.componentHook) componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     pending = walk.next(&p, &n, &h, &hrc);
   }

@@ -37,10 +37,11 @@ class RStructure : public RObject {
   virtual const RSchema& schema() const = 0;
   // Checks the component count against the schema's rule; 0, or R_ERR_COUNT
   // recorded under "nCount" with the rule's message.
-  virtual int checkCount(int nCount);
+  int checkCount(int nCount);
   // Called after each component is decoded, with the component's element as
   // it stands in the input (p, n), so a class can keep the bytes a signature
-  // covers without reading its input a second time.
+  // covers without reading its input a second time. A class that overrides
+  // it declares its schema with R_SCHEMA_HOOKED.
   virtual void componentDecoded(const ASN1Object& member, const unsigned char* p, int n);
 
  private:
