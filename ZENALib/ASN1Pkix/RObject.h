@@ -49,7 +49,13 @@ inline bool RPlainHeader(const unsigned char* p, std::size_t left, RElementHeade
   if (low == 0x1F || (!(b0 & 0xC0) && ((low >= 13 && low <= 15) || low == 29))) return false;
   std::uint32_t len = p[1];
   int hl = 2;
-  if (len >= 0x80) {
+  if (len == 0x81 && left >= 3) {
+    len = p[2];
+    hl = 3;
+  } else if (len == 0x82 && left >= 4) {
+    len = static_cast<std::uint32_t>(p[2]) << 8 | p[3];
+    hl = 4;
+  } else if (len >= 0x80) {
     ByteReader r(p + 1, left - 1);
     bool indefinite = false;
     if (r.readLength(&len, &indefinite) != BS_OK || indefinite) return false;
