@@ -148,7 +148,9 @@ class RObject : public ASN1Object {
     ASN1Object::operator=(std::move(other));
     return *this;
   }
-  ~RObject() override;
+  ~RObject() override {
+    if (m_pInput) releaseInput();
+  }
 
   // Class name used in traces.
   virtual const char* className() const = 0;
@@ -220,6 +222,7 @@ class RObject : public ASN1Object {
   static int unwrapExplicit(const unsigned char** p, int* n);
 
  private:
+  void releaseInput();
   // The input kept by decodeOwned (wiped before it is freed: it may hold keys).
   unsigned char* m_pInput = nullptr;
   int m_nInput = 0;

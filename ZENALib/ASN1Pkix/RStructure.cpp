@@ -30,7 +30,7 @@ void RStructure::setPresent(const ASN1Object& member, bool present) {
 
 void RStructure::componentDecoded(const ASN1Object&, const unsigned char*, int) {}
 
-int RStructure::checkCount(int nCount) {
+int RStructure::checkCountRule(int nCount) {
   const RCountRule& r = schema().count;
   bool ok = true;
   switch (r.kind) {
@@ -120,7 +120,10 @@ int RStructure::decodePlain(const RSchema& s, const unsigned char* c, int n) {
       if (f.flags & R_OPTIONAL) continue;
       return -1;
     }
-    if (decodeField(&s, f, c, h.totalLength) != 0) return -1;
+    // An untagged member needs no tagging around it (decodeField does the rest).
+    const bool untagged = f.kind == RKind::Universal || f.kind == RKind::Any;
+    if ((untagged ? decodeChild(f.ref(*this), c, h.totalLength) : decodeField(&s, f, c, h.totalLength)) != 0)
+      return -1;
     if (s.componentHook) componentDecoded(f.ref(*this), c, h.totalLength);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     c += h.totalLength;
