@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1BMPString.h"
 
-ASN1BMPString::ASN1BMPString() { m_ucPrimitiveTag = ASN1_TAG_BMPSTRING; }
-
 int ASN1BMPString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1BMPString::fromASN1View(const unsigned char* pData, int nData) {

@@ -5,7 +5,7 @@
 
 class ASN1BMPString : public ASN1Object {
  public:
-  ASN1BMPString();
+  ASN1BMPString() { m_ucPrimitiveTag = ASN1_TAG_BMPSTRING; }
   // Decodes one element and checks that it is a BMPString (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -4,8 +4,6 @@
 #include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
-ASN1BitString::ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
-
 int ASN1BitString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1BitString::fromASN1View(const unsigned char* pData, int nData) {

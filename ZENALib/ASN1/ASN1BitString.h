@@ -5,7 +5,7 @@
 
 class ASN1BitString : public ASN1Object {
  public:
-  ASN1BitString();
+  ASN1BitString() { m_ucPrimitiveTag = ASN1_TAG_BITSTRING; }
   // Decodes one element and checks that it is a BIT STRING (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

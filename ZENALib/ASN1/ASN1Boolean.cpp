@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1Boolean.h"
 
-ASN1Boolean::ASN1Boolean() { m_ucPrimitiveTag = ASN1_TAG_BOOLEAN; }
-
 ASN1Boolean::ASN1Boolean(bool bValue) : ASN1Boolean() { setBoolean(bValue); }
 
 int ASN1Boolean::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }

@@ -5,7 +5,7 @@
 
 class ASN1Boolean : public ASN1Object {
  public:
-  ASN1Boolean();
+  ASN1Boolean() { m_ucPrimitiveTag = ASN1_TAG_BOOLEAN; }
   // Decodes one element and checks that it is a BOOLEAN (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -2,8 +2,6 @@
 
 #include "ZENALib/ASN1/ASN1Integer.h"
 
-ASN1Enumerated::ASN1Enumerated() { m_ucPrimitiveTag = ASN1_TAG_ENUMERATED; }
-
 ASN1Enumerated::ASN1Enumerated(int nValue) : ASN1Enumerated() { setEnumerated(nValue); }
 
 int ASN1Enumerated::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }

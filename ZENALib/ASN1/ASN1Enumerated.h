@@ -5,7 +5,7 @@
 
 class ASN1Enumerated : public ASN1Object {
  public:
-  ASN1Enumerated();
+  ASN1Enumerated() { m_ucPrimitiveTag = ASN1_TAG_ENUMERATED; }
   // Decodes one element and checks that it is a ENUMERATED (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

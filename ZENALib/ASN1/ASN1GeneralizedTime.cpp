@@ -14,8 +14,6 @@ const char kMethod[] = "CheckGMTTime";
 
 }  // namespace
 
-ASN1GeneralizedTime::ASN1GeneralizedTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_GENERALIZEDTIME; }
-
 int ASN1GeneralizedTime::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1GeneralizedTime::fromASN1View(const unsigned char* pData, int nData) {

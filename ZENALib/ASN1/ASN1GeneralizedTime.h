@@ -10,7 +10,7 @@
 
 class ASN1GeneralizedTime : public ASN1Object {
  public:
-  ASN1GeneralizedTime();
+  ASN1GeneralizedTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_GENERALIZEDTIME; }
   // Decodes one element and checks that it is a GeneralizedTime (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -9,8 +9,6 @@ bool Accept(unsigned char c) { return c >= 0x20 && c <= 0x7E; }
 
 }  // namespace
 
-ASN1IA5String::ASN1IA5String() { m_ucPrimitiveTag = ASN1_TAG_IA5STRING; }
-
 int ASN1IA5String::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1IA5String::fromASN1View(const unsigned char* pData, int nData) {

@@ -5,7 +5,7 @@
 
 class ASN1IA5String : public ASN1Object {
  public:
-  ASN1IA5String();
+  ASN1IA5String() { m_ucPrimitiveTag = ASN1_TAG_IA5STRING; }
   // Decodes one element and checks that it is a IA5String (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -6,8 +6,6 @@
 #include "ZENALib/ASN1/ASN1Codes.h"
 #include "ZENALib/ASN1/ASN1Messages.h"
 
-ASN1Integer::ASN1Integer() { m_ucPrimitiveTag = ASN1_TAG_INTEGER; }
-
 ASN1Integer::ASN1Integer(int nValue) : ASN1Integer() { setInteger(nValue); }
 
 int ASN1Integer::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }

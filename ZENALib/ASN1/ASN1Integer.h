@@ -5,7 +5,7 @@
 
 class ASN1Integer : public ASN1Object {
  public:
-  ASN1Integer();
+  ASN1Integer() { m_ucPrimitiveTag = ASN1_TAG_INTEGER; }
   // Decodes one element and checks that it is a INTEGER (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

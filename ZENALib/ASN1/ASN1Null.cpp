@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1Null.h"
 
-ASN1Null::ASN1Null() { m_ucPrimitiveTag = ASN1_TAG_NULLTAG; }
-
 int ASN1Null::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1Null::fromASN1View(const unsigned char* pData, int nData) {

@@ -8,8 +8,6 @@ bool Accept(unsigned char c) { return (c >= '0' && c <= '9') || c == ' '; }
 
 }  // namespace
 
-ASN1NumericString::ASN1NumericString() { m_ucPrimitiveTag = ASN1_TAG_NUMERICSTRING; }
-
 int ASN1NumericString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1NumericString::fromASN1View(const unsigned char* pData, int nData) {

@@ -5,7 +5,7 @@
 
 class ASN1NumericString : public ASN1Object {
  public:
-  ASN1NumericString();
+  ASN1NumericString() { m_ucPrimitiveTag = ASN1_TAG_NUMERICSTRING; }
   // Decodes one element and checks that it is a NumericString (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -430,9 +430,9 @@ int ASN1Object::decodeElement(const unsigned char* d, int n, const unsigned char
   return keep(r.data(), static_cast<int>(len));
 }
 
-int ASN1Object::decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData,
-                            const char* szClass, unsigned char ucTag, const char* szTagFormat,
-                            const unsigned char** ppContent, int* pnContent) {
+int ASN1Object::decodeTypedElement(const char* szFile, int nLine, const unsigned char* pData, int nData,
+                                   const char* szClass, unsigned char ucTag, const char* szTagFormat,
+                                   const unsigned char** ppContent, int* pnContent) {
   if (decodeElement(pData, nData, ppContent, pnContent) != 0)
     return failChained(szFile, nLine, szClass, "fromASN1Object", "ASN1Object::fromASN1Object", asn1_code::kElement);
   // An implicit tag hides the type: the class's own tag is assumed.

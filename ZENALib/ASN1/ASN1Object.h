@@ -167,7 +167,25 @@ class ASN1Object {
   // span of the input.
   int decodeTyped(const char* szFile, int nLine, const unsigned char* pData, int nData, const char* szClass,
                   unsigned char ucTag, const char* szTagFormat, const unsigned char** ppContent = nullptr,
-                  int* pnContent = nullptr);
+                  int* pnContent = nullptr) {
+    if (!ppContent && m_bKeepViews && !m_bSecret && pData && nData >= 2 && pData[0] == ucTag && pData[1] < 0x80 &&
+        pData[1] <= nData - 2) {
+      // A primitive element of the class's own universal tag with a short
+      // length, left in an input that outlives this object: nothing to check
+      // but its place.
+      m_nErrorCode = 0;
+      m_ucTagClass = ASN1_CLASS_UNIVERSAL;
+      m_ucTaggedType = ASN1_UNTAGGED;
+      m_ucPrimitiveTag = ucTag;
+      m_ucConstructed = 0;
+      m_bsValue.setView(pData + 2, pData[1]);
+      return 0;
+    }
+    return decodeTypedElement(szFile, nLine, pData, nData, szClass, ucTag, szTagFormat, ppContent, pnContent);
+  }
+  int decodeTypedElement(const char* szFile, int nLine, const unsigned char* pData, int nData, const char* szClass,
+                         unsigned char ucTag, const char* szTagFormat, const unsigned char** ppContent,
+                         int* pnContent);
   // The base decode of one element from a view: identifier fields set, the
   // contents stored in m_bsValue (or, with ppContent, handed back as a span).
   int decodeElement(const unsigned char* pData, int nData, const unsigned char** ppContent = nullptr,

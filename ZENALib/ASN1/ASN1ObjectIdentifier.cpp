@@ -30,8 +30,6 @@ int WriteDecimal(char* out, std::uint32_t v) {
 
 }  // namespace
 
-ASN1ObjectIdentifier::ASN1ObjectIdentifier() { m_ucPrimitiveTag = ASN1_TAG_OID; }
-
 int ASN1ObjectIdentifier::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1ObjectIdentifier::fromASN1View(const unsigned char* pData, int nData) {

@@ -8,7 +8,7 @@
 
 class ASN1ObjectIdentifier : public ASN1Object {
  public:
-  ASN1ObjectIdentifier();
+  ASN1ObjectIdentifier() { m_ucPrimitiveTag = ASN1_TAG_OID; }
   // Decodes one element and checks that it is a OBJECT IDENTIFIER (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

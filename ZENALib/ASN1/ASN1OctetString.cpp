@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1OctetString.h"
 
-ASN1OctetString::ASN1OctetString() { m_ucPrimitiveTag = ASN1_TAG_OCTETSTRING; }
-
 int ASN1OctetString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1OctetString::fromASN1View(const unsigned char* pData, int nData) {

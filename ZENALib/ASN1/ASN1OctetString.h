@@ -5,7 +5,7 @@
 
 class ASN1OctetString : public ASN1Object {
  public:
-  ASN1OctetString();
+  ASN1OctetString() { m_ucPrimitiveTag = ASN1_TAG_OCTETSTRING; }
   // Decodes one element and checks that it is a OCTET STRING (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

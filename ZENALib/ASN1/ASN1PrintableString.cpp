@@ -11,8 +11,6 @@ bool Accept(unsigned char c) {
 
 }  // namespace
 
-ASN1PrintableString::ASN1PrintableString() { m_ucPrimitiveTag = ASN1_TAG_PRINTABLESTRING; }
-
 int ASN1PrintableString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1PrintableString::fromASN1View(const unsigned char* pData, int nData) {

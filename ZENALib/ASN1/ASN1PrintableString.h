@@ -5,7 +5,7 @@
 
 class ASN1PrintableString : public ASN1Object {
  public:
-  ASN1PrintableString();
+  ASN1PrintableString() { m_ucPrimitiveTag = ASN1_TAG_PRINTABLESTRING; }
   // Decodes one element and checks that it is a PrintableString (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -1,7 +1,5 @@
 #include "ZENALib/ASN1/ASN1T61String.h"
 
-ASN1T61String::ASN1T61String() { m_ucPrimitiveTag = ASN1_TAG_T61STRING; }
-
 int ASN1T61String::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1T61String::fromASN1View(const unsigned char* pData, int nData) {

@@ -14,8 +14,6 @@ const char kMethod[] = "checkUTCTime";
 
 }  // namespace
 
-ASN1UTCTime::ASN1UTCTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_UTCTIME; }
-
 int ASN1UTCTime::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1UTCTime::fromASN1View(const unsigned char* pData, int nData) {

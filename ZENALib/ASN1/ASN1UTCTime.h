@@ -10,7 +10,7 @@
 
 class ASN1UTCTime : public ASN1Object {
  public:
-  ASN1UTCTime();
+  ASN1UTCTime() : m_GMTTime(0) { m_ucPrimitiveTag = ASN1_TAG_UTCTIME; }
   // Decodes one element and checks that it is a UTCTime (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -2,8 +2,6 @@
 
 #include "base/ByteReader.h"
 
-ASN1UTF8String::ASN1UTF8String() { m_ucPrimitiveTag = ASN1_TAG_UTF8STRING; }
-
 int ASN1UTF8String::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1UTF8String::fromASN1View(const unsigned char* pData, int nData) {

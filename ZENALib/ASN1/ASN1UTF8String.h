@@ -5,7 +5,7 @@
 
 class ASN1UTF8String : public ASN1Object {
  public:
-  ASN1UTF8String();
+  ASN1UTF8String() { m_ucPrimitiveTag = ASN1_TAG_UTF8STRING; }
   // Decodes one element and checks that it is a UTF8String (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

@@ -12,8 +12,6 @@ bool Accept(unsigned char c) {
 
 }  // namespace
 
-ASN1VisibleString::ASN1VisibleString() { m_ucPrimitiveTag = ASN1_TAG_VISIBLESTRING; }
-
 int ASN1VisibleString::fromASN1Object(const ByteString& bsData) { return fromASN1View(viewOf(bsData), bsData.length()); }
 
 int ASN1VisibleString::fromASN1View(const unsigned char* pData, int nData) {

@@ -5,7 +5,7 @@
 
 class ASN1VisibleString : public ASN1Object {
  public:
-  ASN1VisibleString();
+  ASN1VisibleString() { m_ucPrimitiveTag = ASN1_TAG_VISIBLESTRING; }
   // Decodes one element and checks that it is a VisibleString (an implicit tag is
   // taken as one); 0, 1 for a decoding failure, 2 for another tag.
   int fromASN1Object(const ByteString& bsData) override;

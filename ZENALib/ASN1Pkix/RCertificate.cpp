@@ -4,7 +4,7 @@
 
 R_FIELDS(RCertificate);
 const RSchema RCertificate::kSchema =
-    R_SCHEMA(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
+    R_SCHEMA_HOOKED(RCertificate, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 
 int RCertificate::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertificate.replace().clear();

@@ -4,7 +4,7 @@
 
 R_FIELDS(RCertificateList);
 const RSchema RCertificateList::kSchema =
-    R_SCHEMA(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
+    R_SCHEMA_HOOKED(RCertificateList, ASN1_TAG_SEQUENCE, R_EXACTLY(3, r_msg::kNot3), kFields);
 
 int RCertificateList::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawTBSCertList.replace().clear();

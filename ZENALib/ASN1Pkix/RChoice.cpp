@@ -75,7 +75,9 @@ int RChoice::fromASN1View(const unsigned char* pData, int nData) {
   if (m_ucTaggedType == ASN1_EXPLICIT && unwrapExplicit(&p, &n) != 0)
     return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   RElementHeader h{};
-  if (RReadHeader(p, n, &h) != 0) return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
+  const bool plain = p && n >= 2 && RPlainHeader(p, static_cast<std::size_t>(n), &h);
+  if (!plain && RReadHeader(p, n, &h) != 0)
+    return failAt(&s, "fromASN1Object", "bsData", R_ERR_FORMAT, asn1_msg::kFormatError);
   for (int i = 0; i < s.nFields; ++i) {
     const RField& f = s.fields[i];
     if (!fieldMatches(f, h)) continue;

@@ -9,37 +9,10 @@
 // from DER input therefore encodes back to the same bytes).
 #pragma once
 
-#include <new>
 #include <utility>
-#include <vector>
 
+#include "ZENALib/ASN1Pkix/RItems.h"
 #include "ZENALib/ASN1Pkix/RObject.h"
-
-// The allocator of list items: an item added empty is default-initialised
-// (its constructors run) rather than value-initialised, which would first
-// fill the whole object with zeros before running them.
-template <typename T>
-struct RItemAllocator : std::allocator<T> {
-  template <typename U>
-  struct rebind {
-    using other = RItemAllocator<U>;
-  };
-  RItemAllocator() = default;
-  template <typename U>
-  RItemAllocator(const RItemAllocator<U>&) noexcept {}
-  template <typename U>
-  void construct(U* p) {
-    ::new (static_cast<void*>(p)) U;
-  }
-  template <typename U, typename... A>
-  void construct(U* p, A&&... a) {
-    ::new (static_cast<void*>(p)) U(std::forward<A>(a)...);
-  }
-};
-
-// The items of a list.
-template <typename T>
-using RItems = std::vector<T, RItemAllocator<T>>;
 
 class RListBase : public RObject {
  public:

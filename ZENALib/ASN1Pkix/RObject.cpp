@@ -201,11 +201,11 @@ bool RComponentWalk::next(const unsigned char** pp, int* pn, RElementHeader* ph,
   return true;
 }
 
-RObject::~RObject() {
-  if (m_pInput) {
-    SecureZero(m_pInput, static_cast<std::size_t>(m_nInput));
-    std::free(m_pInput);
-  }
+void RObject::releaseInput() {
+  SecureZero(m_pInput, static_cast<std::size_t>(m_nInput));
+  std::free(m_pInput);
+  m_pInput = nullptr;
+  m_nInput = 0;
 }
 
 int RObject::decodeOwned(const ByteString& bsData) {

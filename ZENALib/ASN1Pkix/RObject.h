@@ -49,7 +49,13 @@ inline bool RPlainHeader(const unsigned char* p, std::size_t left, RElementHeade
   if (low == 0x1F || (!(b0 & 0xC0) && ((low >= 13 && low <= 15) || low == 29))) return false;
   std::uint32_t len = p[1];
   int hl = 2;
-  if (len >= 0x80) {
+  if (len == 0x81 && left >= 3) {
+    len = p[2];
+    hl = 3;
+  } else if (len == 0x82 && left >= 4) {
+    len = static_cast<std::uint32_t>(p[2]) << 8 | p[3];
+    hl = 4;
+  } else if (len >= 0x80) {
     ByteReader r(p + 1, left - 1);
     bool indefinite = false;
     if (r.readLength(&len, &indefinite) != BS_OK || indefinite) return false;
@@ -142,7 +148,9 @@ class RObject : public ASN1Object {
     ASN1Object::operator=(std::move(other));
     return *this;
   }
-  ~RObject() override;
+  ~RObject() override {
+    if (m_pInput) releaseInput();
+  }
 
   // Class name used in traces.
   virtual const char* className() const = 0;
@@ -214,6 +222,7 @@ class RObject : public ASN1Object {
   static int unwrapExplicit(const unsigned char** p, int* n);
 
  private:
+  void releaseInput();
   // The input kept by decodeOwned (wiped before it is freed: it may hold keys).
   unsigned char* m_pInput = nullptr;
   int m_nInput = 0;

@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <map>
+#include <vector>
 
 #include "ZENALib/ASN1Pkix/RListOf.h"
 #include "ZENALib/ASN1Pkix/RRevokedCertificate.h"

@@ -67,6 +67,9 @@ struct RSchema {
   RCountRule count;
   const RField* fields;
   int nFields;
+  // Whether the class overrides RStructure::componentDecoded (the engines
+  // call it only then).
+  bool componentHook = false;
 };
 
 template <typename T>
@@ -132,6 +135,11 @@ const ASN1Object* RMemberPeek(const ASN1Object& owner) {
 
 #define R_SCHEMA(C, utag, rule, fields) \
   RSchema { #C, __FILE__, __LINE__, utag, rule, fields, static_cast<int>(sizeof(fields) / sizeof((fields)[0])) }
+// The schema of a class that overrides componentDecoded.
+#define R_SCHEMA_HOOKED(C, utag, rule, fields)                                                                 \
+  RSchema {                                                                                                    \
+    #C, __FILE__, __LINE__, utag, rule, fields, static_cast<int>(sizeof(fields) / sizeof((fields)[0])), true \
+  }
 
 // Declares the schema hooks of a structure or choice class.
 #define R_DECLARE_SCHEMA()                                   \

@@ -6,7 +6,7 @@
 
 R_FIELDS(RSignerInfo);
 const RSchema RSignerInfo::kSchema =
-    R_SCHEMA(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);
+    R_SCHEMA_HOOKED(RSignerInfo, ASN1_TAG_SEQUENCE, R_AT_LEAST(5, r_msg::kAtLeast5), kFields);
 
 int RSignerInfo::fromASN1View(const unsigned char* pData, int nData) {
   m_bsRawSignedAttrs.clear();

@@ -30,7 +30,7 @@ void RStructure::setPresent(const ASN1Object& member, bool present) {
 
 void RStructure::componentDecoded(const ASN1Object&, const unsigned char*, int) {}
 
-int RStructure::checkCount(int nCount) {
+int RStructure::checkCountRule(int nCount) {
   const RCountRule& r = schema().count;
   bool ok = true;
   switch (r.kind) {
@@ -120,8 +120,11 @@ int RStructure::decodePlain(const RSchema& s, const unsigned char* c, int n) {
       if (f.flags & R_OPTIONAL) continue;
       return -1;
     }
-    if (decodeField(&s, f, c, h.totalLength) != 0) return -1;
-    componentDecoded(f.ref(*this), c, h.totalLength);
+    // An untagged member needs no tagging around it (decodeField does the rest).
+    const bool untagged = f.kind == RKind::Universal || f.kind == RKind::Any;
+    if ((untagged ? decodeChild(f.ref(*this), c, h.totalLength) : decodeField(&s, f, c, h.totalLength)) != 0)
+      return -1;
+    if (s.componentHook) componentDecoded(f.ref(*this), c, h.totalLength);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     c += h.totalLength;
     ++count;
@@ -167,7 +170,7 @@ int RStructure::decodeWalked(const RSchema& s, const unsigned char* pData, int n
       return failAt(&s, "fromASN1Object", f.member, R_ERR_TAG, msg.c_str());
     }
     if ((rc = decodeField(&s, f, p, n)) != 0) return rc;
-    componentDecoded(f.ref(*this), p, n);
+    if (s.componentHook) componentDecoded(f.ref(*this), p, n);
     if (i < 64) m_nPresent |= std::uint64_t{1} << i;
     pending = walk.next(&p, &n, &h, &hrc);
   }

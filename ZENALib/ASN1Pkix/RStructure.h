@@ -37,13 +37,19 @@ class RStructure : public RObject {
   virtual const RSchema& schema() const = 0;
   // Checks the component count against the schema's rule; 0, or R_ERR_COUNT
   // recorded under "nCount" with the rule's message.
-  virtual int checkCount(int nCount);
+  int checkCount(int nCount) {
+    const RCountRule& r = schema().count;
+    if (r.kind == RCountRule::None || (r.kind == RCountRule::Exactly && nCount == r.n)) return 0;
+    return checkCountRule(nCount);
+  }
   // Called after each component is decoded, with the component's element as
   // it stands in the input (p, n), so a class can keep the bytes a signature
-  // covers without reading its input a second time.
+  // covers without reading its input a second time. A class that overrides
+  // it declares its schema with R_SCHEMA_HOOKED.
   virtual void componentDecoded(const ASN1Object& member, const unsigned char* p, int n);
 
  private:
+  int checkCountRule(int nCount);
   int fieldIndex(const ASN1Object& member) const;
   // The decode of plain contents (every component a plain header): 0, or
   // -1 when anything is out of the ordinary or fails, and the general walk

@@ -87,20 +87,26 @@ int PrintSignedData(const ByteString& der, const ByteString* detached, const std
   PSignedDataProcess p;
   if (detached) p.setDetachedContent(*detached);
   const int rc = p.parseSignedData(der, extra);
-  // The fields are printed from the structure itself, verified or not.
-  RContentInfo ci;
-  RSignedData sd;
-  if (ci.fromASN1Object(der) || sd.fromASN1Object(ci.getContent().getElement())) {
-    std::fprintf(stderr, qva_msg::kFailed, p.getErrorMessage().c_str());
-    return 2;
+  // The fields are printed from the structure itself, verified or not: the
+  // one the verification decoded, or one decoded here when it gave up (a
+  // large message is then held twice, but only then).
+  RSignedData own;
+  if (rc != 0) {
+    RContentInfo ci;
+    if (ci.fromASN1Object(der) || own.fromASN1Object(ci.getContent().getElement())) {
+      std::fprintf(stderr, qva_msg::kFailed, p.getErrorMessage().c_str());
+      return 2;
+    }
   }
+  const RSignedData& sd = rc == 0 ? p.getSignedData() : own;
   std::printf("SignedData:\n  Version: %d\n  Digest algorithms:", sd.getVersion().getInteger());
   for (int i = 0; i < sd.getDigestAlgorithms().getCount(); ++i) {
     RAlgorithmIdentifier a = *sd.getDigestAlgorithms().getAt(i);
     std::printf(" %s", Dotted(a.getAlgorithm().getOID()).c_str());
   }
-  REncapsulatedContentInfo& eci = sd.getEncapContentInfo();
-  std::printf("\n  Content type: %s\n", Dotted(eci.getEContentType().getOID()).c_str());
+  const REncapsulatedContentInfo& eci = sd.getEncapContentInfo();
+  ASN1ObjectIdentifier contentType = eci.getEContentType();  // getOID records failures
+  std::printf("\n  Content type: %s\n", Dotted(contentType.getOID()).c_str());
   if (eci.hasEContent()) {
     std::printf("  Content: %d octets\n", eci.getEContent().getValue().length());
   } else {
@@ -180,17 +186,22 @@ int RunCmsCommand(int argc, char** argv) {
     if (!ReadDerOrText(certPath, &cert)) return 2;
     extra.push_back(cert);
   }
-  RContentInfo ci;
-  if (ci.fromASN1Object(der)) {
-    std::fprintf(stderr, qva_msg::kFailed, ci.getErrorMessage().c_str());
-    return 2;
+  ByteString contentType;
+  {
+    // Only the type is needed here: the decode goes before the message's own.
+    RContentInfo ci;
+    if (ci.fromASN1Object(der)) {
+      std::fprintf(stderr, qva_msg::kFailed, ci.getErrorMessage().c_str());
+      return 2;
+    }
+    contentType = ci.getContentType().getOID();
   }
-  const std::string type = Dotted(ci.getContentType().getOID());
-  if (ci.getContentType().getOID() == psdoid::kSignedData) {
+  const std::string type = Dotted(contentType);
+  if (contentType == psdoid::kSignedData) {
     std::printf("Kind: SignedData (%s)\n", type.c_str());
     return PrintSignedData(der, contentPath ? &content : nullptr, extra);
   }
-  if (ci.getContentType().getOID() == "1 2 840 113549 1 7 3") {
+  if (contentType == "1 2 840 113549 1 7 3") {
     std::printf("Kind: EnvelopedData (%s)\n", type.c_str());
     return DispatchEnvelopedData(der, certPath, keyPath);
   }
